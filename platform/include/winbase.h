@@ -1,0 +1,88 @@
+// Kernel services: memory, last error, modules, files, folders, environment and private profiles.
+#pragma once
+
+#include <windef.h>
+#include <winerror.h>
+
+#define GMEM_FIXED 0x0000
+#define GMEM_ZEROINIT 0x0040
+#define GPTR (GMEM_FIXED | GMEM_ZEROINIT)
+#define HEAP_ZERO_MEMORY 0x00000008
+
+#define DLL_PROCESS_DETACH 0
+#define DLL_PROCESS_ATTACH 1
+#define DLL_THREAD_ATTACH 2
+#define DLL_THREAD_DETACH 3
+
+#define INVALID_HANDLE_VALUE ((HANDLE)(LONG_PTR)-1)
+#define INVALID_FILE_ATTRIBUTES ((DWORD)-1)
+#define INVALID_FILE_SIZE ((DWORD)-1)
+#define GENERIC_READ 0x80000000u
+#define GENERIC_WRITE 0x40000000u
+#define FILE_SHARE_READ 0x00000001
+#define CREATE_NEW 1
+#define CREATE_ALWAYS 2
+#define OPEN_EXISTING 3
+#define FILE_ATTRIBUTE_READONLY 0x00000001
+#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
+#define FILE_ATTRIBUTE_NORMAL 0x00000080
+
+struct FILETIME {
+    DWORD dwLowDateTime;
+    DWORD dwHighDateTime;
+};
+
+struct WIN32_FIND_DATAW {
+    DWORD dwFileAttributes;
+    FILETIME ftCreationTime;
+    FILETIME ftLastAccessTime;
+    FILETIME ftLastWriteTime;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    DWORD dwReserved0;
+    DWORD dwReserved1;
+    WCHAR cFileName[MAX_PATH];
+    WCHAR cAlternateFileName[14];
+};
+using LPWIN32_FIND_DATAW = WIN32_FIND_DATAW*;
+
+struct SECURITY_ATTRIBUTES;
+struct OVERLAPPED;
+
+extern "C" {
+DWORD WINAPI GetLastError(void);
+void WINAPI SetLastError(DWORD error);
+
+HANDLE WINAPI HeapCreate(DWORD options, SIZE_T initialSize, SIZE_T maximumSize);
+BOOL WINAPI HeapDestroy(HANDLE heap);
+LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size);
+BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block);
+HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
+HGLOBAL WINAPI GlobalFree(HGLOBAL block);
+
+HMODULE WINAPI LoadLibraryW(LPCWSTR path);
+HMODULE WINAPI LoadLibraryA(LPCSTR path);
+BOOL WINAPI FreeLibrary(HMODULE module);
+FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
+
+HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                          DWORD disposition, DWORD attributes, HANDLE templateFile);
+BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, OVERLAPPED* overlapped);
+BOOL WINAPI WriteFile(HANDLE file, LPCVOID data, DWORD size, LPDWORD written,
+                      OVERLAPPED* overlapped);
+DWORD WINAPI GetFileSize(HANDLE file, LPDWORD high);
+BOOL WINAPI CloseHandle(HANDLE handle);
+BOOL WINAPI DeleteFileW(LPCWSTR path);
+BOOL WINAPI CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security);
+DWORD WINAPI GetFileAttributesW(LPCWSTR path);
+HANDLE WINAPI FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW found);
+BOOL WINAPI FindNextFileW(HANDLE search, LPWIN32_FIND_DATAW found);
+BOOL WINAPI FindClose(HANDLE search);
+
+UINT WINAPI GetSystemDirectoryW(LPWSTR buffer, UINT length);
+UINT WINAPI GetWindowsDirectoryW(LPWSTR buffer, UINT length);
+DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD length);
+BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
+DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defaultValue,
+                                      LPWSTR buffer, DWORD length, LPCWSTR path);
+}
