@@ -1,0 +1,103 @@
+// The spooler's conversion requests.
+#include "core/driver_ui_contract.h"
+#include "core/memory.h"
+#include "core/merge.h"
+
+namespace {
+
+BOOL Fail(DWORD error) {
+    SetLastError(error);
+    return FALSE;
+}
+
+DWORD WholeSize(const DEVMODEW* record) {
+    return DWORD{record->dmSize} + record->dmDriverExtra;
+}
+
+// Into whatever layout the output record declares.
+BOOL ConvertToDeclared(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
+    if (output == nullptr || *size < LONG{kSmallestPublicSize} ||
+        static_cast<DWORD>(*size) < WholeSize(output) || ConvertDevModeCopy(input, output) <= 0) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    *size = static_cast<LONG>(WholeSize(output));
+    return TRUE;
+}
+
+bool HasRoom(const DEVMODEW* output, LONG* size, LONG needed) {
+    const bool room = output != nullptr && *size >= needed;
+    *size = room ? *size : needed;
+    return room || Fail(ERROR_INSUFFICIENT_BUFFER);
+}
+
+// Into the layout of this driver's first generation, whose private part has nothing in common with
+// today's and stays as the caller had it.
+BOOL ConvertTo351(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
+    constexpr WORD kPublicSize351 = 188;
+    constexpr WORD kPrivateSize351 = 112;
+    constexpr LONG kNeeded = kPublicSize351 + kPrivateSize351;
+    if (!HasRoom(output, size, kNeeded)) {
+        return FALSE;
+    }
+    output->dmSize = kPublicSize351;
+    output->dmSpecVersion = 0x0320;
+    output->dmDriverVersion = 0x0350;
+    output->dmDriverExtra = kPrivateSize351;
+    if (ConvertDevModeCopy(input, output) <= 0) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    *size = kNeeded;
+    return TRUE;
+}
+
+// Gives none unless asking without a buffer fails for want of one, as the contract has it.
+GlobalBlock<DRIVER_INFO_2W> GetDriverInfo2(HANDLE printer) {
+    DWORD size = 0;
+    if (GetPrinterDriverW(printer, nullptr, 2, nullptr, 0, &size) ||
+        GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
+        return {};
+    }
+    auto info = GlobalBlock<DRIVER_INFO_2W>::Allocate(size);
+    if (!info ||
+        !GetPrinterDriverW(printer, nullptr, 2, reinterpret_cast<BYTE*>(info.get()), size, &size)) {
+        return {};
+    }
+    return info;
+}
+
+BOOL BuildForPrinter(WCHAR* printerName, DEVMODEW* output, LONG* size) {
+    if (!HasRoom(output, size, kRecordSize)) {
+        return FALSE;
+    }
+    *size = kRecordSize;
+    const OpenedPrinter printer(printerName);
+    if (!printer) {
+        return FALSE;
+    }
+    const auto driver = GetDriverInfo2(printer.get());
+    if (!driver) {
+        return FALSE;
+    }
+    // The driver's name is the model's, so the printer need not be asked for it again.
+    return BuildDefaultDevMode(reinterpret_cast<DevModeRecord*>(output), driver->pName,
+                               driver->pName);
+}
+
+}  // namespace
+
+BOOL WINAPI DrvConvertDevMode(LPWSTR printerName, PDEVMODEW input, PDEVMODEW output, PLONG size,
+                              DWORD mode) {
+    if (size == nullptr) {
+        return Fail(ERROR_INVALID_PARAMETER);
+    }
+    switch (mode) {
+        case CDM_CONVERT:
+            return ConvertToDeclared(input, output, size);
+        case CDM_CONVERT351:
+            return ConvertTo351(input, output, size);
+        case CDM_DRIVER_DEFAULT:
+            return BuildForPrinter(printerName, output, size);
+        default:
+            return FALSE;
+    }
+}

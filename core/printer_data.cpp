@@ -1,0 +1,140 @@
+// Printer information, sized printer-data values and the printer-data record.
+#include "core/printer_data.h"
+
+#include <algorithm>
+#include <cstring>
+
+GlobalBlock<PRINTER_INFO_2W> GetPrinterInfo2(HANDLE printer) {
+    DWORD size = 0;
+    if (GetPrinterW(printer, 2, nullptr, 0, &size) || GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
+        return {};
+    }
+    auto info = GlobalBlock<PRINTER_INFO_2W>::Allocate(size);
+    if (!info || !GetPrinterW(printer, 2, reinterpret_cast<BYTE*>(info.get()), size, &size)) {
+        return {};
+    }
+    return info;
+}
+
+namespace {
+
+struct PrinterBlobName {
+    const WCHAR* SizeValue;
+    const WCHAR* DataValue;
+};
+
+// Indexed by PrinterBlobIndex.
+constexpr PrinterBlobName PrinterBlobNames[] = {
+    {TEXT("TTFontSubTableSize"), TEXT("TTFontSubTable")},
+    {TEXT("TrayFormSize"), TEXT("TrayFormTable")},
+    {TEXT("PrinterDataSize"), TEXT("PrinterData")},
+};
+
+// The spooler's functions take their names writable but only read them.
+WCHAR* Writable(const WCHAR* name) {
+    return const_cast<WCHAR*>(name);
+}
+
+// Reads a 32-bit number, stored as a number or as four bytes.
+bool ReadPrinterNumber(HANDLE printer, const WCHAR* name, DWORD* number) {
+    DWORD type = REG_NONE;
+    DWORD value = 0;
+    DWORD size = 0;
+    const DWORD error = GetPrinterDataW(printer, Writable(name), &type,
+                                        reinterpret_cast<BYTE*>(&value), sizeof(value), &size);
+    if (error != ERROR_SUCCESS || size != sizeof(value) ||
+        (type != REG_DWORD && type != REG_BINARY)) {
+        return false;
+    }
+    *number = value;
+    return true;
+}
+
+}  // namespace
+
+GlobalBlock<BYTE> ReadPrinterBlob(HANDLE printer, DWORD* size, PrinterBlobIndex index) {
+    const PrinterBlobName& names = PrinterBlobNames[index];
+    DWORD claimed = 0;
+    if (!ReadPrinterNumber(printer, names.SizeValue, &claimed) || claimed == 0 ||
+        claimed > kMaxBlobSize) {
+        return {};
+    }
+    auto data = GlobalBlock<BYTE>::Allocate(claimed);
+    if (!data) {
+        return {};
+    }
+    DWORD type = REG_NONE;
+    DWORD stored = 0;
+    const DWORD error =
+        GetPrinterDataW(printer, Writable(names.DataValue), &type, data.get(), claimed, &stored);
+    if (error != ERROR_SUCCESS || type != REG_BINARY || stored != claimed) {
+        return {};
+    }
+    if (size != nullptr) {
+        *size = claimed;
+    }
+    return data;
+}
+
+bool WritePrinterBlob(HANDLE printer, const void* data, DWORD size, PrinterBlobIndex index) {
+    const PrinterBlobName& names = PrinterBlobNames[index];
+    return SetPrinterDataW(printer, Writable(names.SizeValue), REG_DWORD,
+                           reinterpret_cast<BYTE*>(&size), sizeof(size)) == ERROR_SUCCESS &&
+           SetPrinterDataW(printer, Writable(names.DataValue), REG_BINARY,
+                           static_cast<BYTE*>(const_cast<void*>(data)), size) == ERROR_SUCCESS;
+}
+
+bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record) {
+    DWORD size = 0;
+    const GlobalBlock<BYTE> stored = ReadPrinterBlob(printer, &size, kPrinterDataBlob);
+    if (!stored || size < offsetof(PrinterDataRecord, RecordReserved)) {
+        return false;
+    }
+    *record = {};
+    std::memcpy(record, stored.get(), std::min<size_t>(size, sizeof(*record)));
+    return true;
+}
+
+GlobalBlock<PrinterDataRecord> BuildDefaultPrinterData(HANDLE printer) {
+    auto record = GlobalBlock<PrinterDataRecord>::Allocate(sizeof(PrinterDataRecord), GPTR);
+    if (!record) {
+        return {};
+    }
+    record->RecordVersion = kPrinterDataVersion;
+    record->RecordSize = sizeof(PrinterDataRecord);
+    record->FreeMemory = kSmallestFreeMemory;
+    record->Value16 = 240;
+
+    // "FreeMem" counts 1024 bytes; the largest number that still fits the field in bytes holds.
+    constexpr DWORD kMaxFreeMem = 0xFFFFFFFFu / 1024;
+    DWORD number = 0;
+    if (ReadPrinterNumber(printer, TEXT("FreeMem"), &number)) {
+        record->FreeMemory =
+            std::max<DWORD>(std::min(number, kMaxFreeMem) * 1024, kSmallestFreeMemory);
+    }
+    if (ReadPrinterNumber(printer, TEXT("PrinterHT"), &number) && number != 0) {
+        record->DataFlags |= kPrinterHalftone;
+    }
+    if (IsMetricLocale()) {
+        record->DataFlags |= kMetricLocale;
+    }
+    if (GetACP() != 1252) {
+        record->DataFlags |= kNotCodePage1252;
+    }
+    return record;
+}
+
+int IsMetricLocale() {
+    // The platform's longest country code is five digits and the terminator.
+    WCHAR text[6] = {};
+    if (GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_ICOUNTRY, text, 6) == 0) {
+        return 0;
+    }
+    int code = 0;
+    for (const WCHAR* digit = text; *digit >= '0' && *digit <= '9'; ++digit) {
+        code = code * 10 + (*digit - '0');
+    }
+    const bool imperial =
+        code == 1 || code == 2 || (code >= 50 && code <= 59) || (code >= 500 && code <= 599);
+    return imperial ? 0 : 1;
+}
