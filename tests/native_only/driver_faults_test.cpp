@@ -1,0 +1,181 @@
+// What happens when the n-th allocation or spooler call of an operation fails: the contract's
+// failure (or the stated default), and nothing left behind. Only the stand-in can order that.
+#include "core/context.h"
+#include "core/merge.h"
+#include "driver_test.h"
+#include "native_only.h"
+#include "platform/host.h"
+
+#include <functional>
+
+namespace test {
+namespace {
+
+class DriverFaults : public NativeOnly {
+  protected:
+    void SetUp() override {
+        NativeOnly::SetUp();
+        printer_ = NewPrinter(TEXT("Mirv KP-41"));
+        before_ = host::CurrentHoldings();
+    }
+
+    /// Runs the operation with its first, second, ... call of a kind failing until it makes fewer.
+    /// Gives how many calls it makes; `failed` is asked after each failure.
+    unsigned FailEach(host::Call kind, const std::function<LONG()>& operation,
+                      const std::function<void(unsigned n, LONG result)>& failed) {
+        for (unsigned n = 1;; ++n) {
+            host::FailCall(kind, n);
+            const unsigned callsBefore = host::CallCount(kind);
+            const LONG result = operation();
+            const unsigned calls = host::CallCount(kind) - callsBefore;
+            host::FailCall(kind, 0);
+            EXPECT_EQ(host::CurrentHoldings(), before_) << "call " << n << " failed";
+            if (calls < n) {
+                return calls;
+            }
+            failed(n, result);
+        }
+    }
+
+    HANDLE printer_ = nullptr;
+    host::Holdings before_ = {};
+};
+
+LONG BuildAndRelease(HANDLE printer, DEVMODEW* record) {
+    DriverContext* context = CreateDriverContext(printer, record);
+    const LONG built = context != nullptr;
+    ReleaseDriverContext(context);
+    return built;
+}
+
+TEST_F(DriverFaults, ContextSurvivesOnlyWithoutItsPrinterName) {
+    const auto build = [&] { return BuildAndRelease(printer_, nullptr); };
+    constexpr unsigned kPrinterNameCall = 4;  // after the heap, the record and the model's name
+    EXPECT_EQ(
+        FailEach(host::Call::kHeap, build,
+                 [](unsigned n, LONG built) { EXPECT_EQ(built, n == kPrinterNameCall) << n; }),
+        4u);
+    host::FailCall(host::Call::kHeap, kPrinterNameCall);
+    DriverContext* context = CreateDriverContext(printer_, nullptr);
+    ASSERT_NE(context, nullptr);
+    EXPECT_EQ(context->PrinterName, nullptr);
+    ReleaseDriverContext(context);
+}
+
+TEST_F(DriverFaults, ContextNeedsEveryGlobalBlock) {
+    DevModeRecord record = DefaultRecord();
+    // The printer's information, two merges' scratch blocks, the default printer data.
+    EXPECT_EQ(FailEach(
+                  host::Call::kGlobal, [&] { return BuildAndRelease(printer_, &record.Public); },
+                  [](unsigned n, LONG built) { EXPECT_EQ(built, 0) << n; }),
+              4u);
+}
+
+TEST_F(DriverFaults, ContextNeedsThePrintersInformationButNoStoredValue) {
+    DevModeRecord record = DefaultRecord();
+    // Information asked for and fetched; the stored record's size; "FreeMem" and "PrinterHT".
+    EXPECT_EQ(FailEach(
+                  host::Call::kSpooler, [&] { return BuildAndRelease(printer_, &record.Public); },
+                  [](unsigned n, LONG built) { EXPECT_EQ(built, n > 2) << n; }),
+              5u);
+}
+
+TEST_F(DriverFaults, NonInteractiveCallFailsWithoutWriting) {
+    DevModeRecord input = DefaultRecord();
+    for (host::Call kind : {host::Call::kHeap, host::Call::kGlobal, host::Call::kSpooler}) {
+        DevModeRecord output = {};
+        const auto call = [&] {
+            output = {};
+            DOCUMENTPROPERTYHEADER header = {};
+            header.hPrinter = printer_;
+            header.pdmIn = &input.Public;
+            header.pdmOut = &output.Public;
+            header.fMode = DM_IN_BUFFER | DM_OUT_BUFFER;
+            return DrvDocumentPropertySheets(nullptr, reinterpret_cast<LPARAM>(&header));
+        };
+        const unsigned calls = FailEach(kind, call, [&](unsigned n, LONG result) {
+            EXPECT_TRUE(result == 1 || result == -1) << n;
+            EXPECT_EQ(output.Public.dmSize, result == 1 ? 220 : 0) << n;
+        });
+        EXPECT_LE(calls, 5u);
+    }
+}
+
+TEST_F(DriverFaults, CapabilitiesAskTheSpoolerNothing) {
+    DevModeRecord record = DefaultRecord();
+    const auto ask = [&] {
+        return static_cast<LONG>(
+            DrvDeviceCapabilities(printer_, nullptr, DC_COPIES, nullptr, &record.Public));
+    };
+    EXPECT_EQ(FailEach(host::Call::kGlobal, ask,
+                       [](unsigned n, LONG answer) { EXPECT_EQ(answer, -1) << n; }),
+              2u);
+    EXPECT_EQ(FailEach(host::Call::kSpooler, ask, [](unsigned, LONG) {}), 0u);
+    EXPECT_EQ(FailEach(host::Call::kHeap, ask, [](unsigned, LONG) {}), 0u);
+
+    DEVQUERYPRINT_INFO info = {};
+    info.pDevMode = &record.Public;
+    EXPECT_EQ(FailEach(
+                  host::Call::kGlobal, [&] { return LONG{DevQueryPrintEx(&info)}; },
+                  [](unsigned n, LONG printable) { EXPECT_EQ(printable, FALSE) << n; }),
+              2u);
+}
+
+TEST_F(DriverFaults, DriverDefaultPassesTheFailureOn) {
+    const auto convert = [&] {
+        DevModeRecord output;
+        LONG size = sizeof(output);
+        WideString name = kPrinterName;
+        return LONG{
+            DrvConvertDevMode(name.data(), nullptr, &output.Public, &size, CDM_DRIVER_DEFAULT)};
+    };
+    const auto fails = [](unsigned n, LONG result) { EXPECT_EQ(result, FALSE) << n; };
+    EXPECT_EQ(FailEach(host::Call::kSpooler, convert, fails), 3u);
+    EXPECT_EQ(FailEach(host::Call::kGlobal, convert, fails), 1u);
+}
+
+TEST_F(DriverFaults, UpgradeReportsOnlyWhatItCouldNotRead) {
+    const auto upgrade = [&] {
+        WideString name = kPrinterName;
+        DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
+        return LONG{DrvUpgradePrinter(1, reinterpret_cast<BYTE*>(&info))};
+    };
+    // Opening the printer is the first call; a value that cannot be read or written is passed over.
+    FailEach(host::Call::kSpooler, upgrade,
+             [](unsigned n, LONG result) { EXPECT_EQ(result, n == 1 ? FALSE : TRUE) << n; });
+    // A stored record whose block cannot be had is replaced by a default one.
+    FailEach(host::Call::kGlobal, upgrade,
+             [](unsigned n, LONG result) { EXPECT_EQ(result, TRUE) << n; });
+}
+
+TEST_F(DriverFaults, MetricLocaleIsNotAssumed) {
+    host::SetCountry(49);
+    ASSERT_EQ(IsMetricLocale(), 1);
+    host::FailCall(host::Call::kLocale, 1);
+    EXPECT_EQ(IsMetricLocale(), 0);
+}
+
+TEST_F(DriverFaults, PrinterWithoutADefaultRecord) {
+    host::AddPrinter({.name = kPrinterName, .model = TEXT("Mirv KP-41"), .defaultRecord = {}});
+    DriverContext* context = CreateDriverContext(printer_, nullptr);
+    ASSERT_NE(context, nullptr);
+    EXPECT_EQ(WideString(context->WorkingDevMode.Public.dmDeviceName), kPrinterName);
+    EXPECT_EQ(context->WorkingDevMode.Public.dmLogPixels, 0) << "never merged";
+    ReleaseDriverContext(context);
+}
+
+TEST_F(DriverFaults, NetworkPrinterIsRemoteWhateverItsPort) {
+    host::AddPrinter({.name = kPrinterName,
+                      .model = TEXT("Mirv KP-41"),
+                      .port = TEXT("IP_10.0.0.5"),
+                      .attributes = PRINTER_ATTRIBUTE_NETWORK,
+                      .defaultRecord = {}});
+    DriverContext* context = CreateDriverContext(printer_, nullptr);
+    ASSERT_NE(context, nullptr);
+    EXPECT_EQ(context->IsRemotePrinter, 1u);
+    EXPECT_EQ(context->IsNetworkPort, 1u);
+    ReleaseDriverContext(context);
+}
+
+}  // namespace
+}  // namespace test

@@ -1,0 +1,39 @@
+// The computer that the tool and the tests work on: natively the one that the stand-in plays, in
+// the Windows build the real one, whose spooler gets real printers. The one place that differs is
+// the source file linked: computer_native.cpp or computer_windows.cpp.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace computer {
+
+using WideString = std::basic_string<WCHAR>;
+
+struct PrinterSpec {
+    WideString name;
+    WideString model;  ///< name of the printer's driver
+    WideString port;   ///< empty: a local port
+    /// Device mode record for the spooler to keep as the printer's default. Empty: the driver's own
+    /// default for the model, which a spooler asks for when a printer is added.
+    std::vector<BYTE> defaultRecord;
+};
+
+/// Adds a printer with empty printer data, and its driver when that is missing, or replaces the
+/// printer of that name when an earlier call added it. Gives an empty text, or in one line why it
+/// could not be done.
+std::string InstallPrinter(const PrinterSpec& spec);
+
+/// Removes a printer that InstallPrinter added.
+void RemovePrinter(const WideString& name);
+
+/// Makes this the user's UI language for the driver code linked into this program. Gives an empty
+/// text or the reason why not.
+std::string SetUiLanguage(LANGID language);
+
+/// What differs between the computers: adds the printer with the default record given.
+std::string AddToSpooler(const PrinterSpec& spec);
+
+}  // namespace computer

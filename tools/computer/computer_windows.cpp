@@ -1,0 +1,103 @@
+// The real computer: printers are added through its spooler, with the built kpdui.dll, which lies
+// beside the program, as their driver's configuration file.
+#include <windows.h>
+
+#include <winspool.h>
+
+#include "computer.h"
+
+namespace computer {
+namespace {
+
+LANGID chosenLanguage = 0;
+
+LANGID WINAPI ChosenUiLanguage() {
+    if (chosenLanguage != 0) {
+        return chosenLanguage;
+    }
+    const FARPROC own =
+        GetProcAddress(GetModuleHandleW(TEXT("kernel32.dll")), "GetUserDefaultUILanguage");
+    return reinterpret_cast<LANGID(WINAPI*)()>(reinterpret_cast<void*>(own))();
+}
+
+std::string Reason(const char* what) {
+    return std::string(what) + " failed with error " + std::to_string(GetLastError());
+}
+
+WideString BesideProgram(const WCHAR* name) {
+    WCHAR path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const WideString program = path;
+    return program.substr(0, program.find_last_of(TEXT("\\/")) + 1) + name;
+}
+
+// The library itself stands for the rendering half too, which is a component of its own and never
+// called here. The spooler copies the files named into the driver directory.
+std::string InstallDriver(const WideString& model) {
+    WCHAR environment[] = TEXT("Windows x64");
+    WideString name = model;
+    WideString file = BesideProgram(TEXT("kpdui.dll"));
+    DRIVER_INFO_3W info = {};
+    info.cVersion = 3;
+    info.pName = name.data();
+    info.pEnvironment = environment;
+    info.pDriverPath = file.data();
+    info.pDataFile = file.data();
+    info.pConfigFile = file.data();
+    if (!AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
+                             APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) &&
+        GetLastError() != ERROR_PRINTER_DRIVER_ALREADY_INSTALLED) {
+        return Reason("adding the printer driver");
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string AddToSpooler(const PrinterSpec& spec) {
+    if (std::string reason = InstallDriver(spec.model); !reason.empty()) {
+        return reason;
+    }
+    RemovePrinter(spec.name);
+    PrinterSpec copy = spec;
+    WCHAR filePort[] = TEXT("FILE:");
+    WCHAR processor[] = TEXT("wineps");
+    WCHAR datatype[] = TEXT("RAW");
+    PRINTER_INFO_2W info = {};
+    info.pPrinterName = copy.name.data();
+    info.pDriverName = copy.model.data();
+    info.pPortName = copy.port.empty() ? filePort : copy.port.data();
+    info.pPrintProcessor = processor;
+    info.pDatatype = datatype;
+    info.pDevMode = reinterpret_cast<DEVMODEW*>(copy.defaultRecord.data());
+    HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
+    if (printer == nullptr) {
+        return Reason("adding the printer");
+    }
+    ClosePrinter(printer);
+    return {};
+}
+
+void RemovePrinter(const WideString& name) {
+    WideString copy = name;
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (OpenPrinterW(copy.data(), &printer, &defaults)) {
+        DeletePrinter(printer);
+        ClosePrinter(printer);
+    }
+}
+
+std::string SetUiLanguage(LANGID language) {
+    chosenLanguage = language;
+    return {};
+}
+
+}  // namespace computer
+
+// The driver code linked into this program asks for the language through its import, which this
+// takes the place of. (The library that the spooler loads keeps its own.)
+extern "C" {
+extern LANGID(WINAPI* __imp_GetUserDefaultUILanguage)(void);
+LANGID(WINAPI* __imp_GetUserDefaultUILanguage)(void) = computer::ChosenUiLanguage;
+}
