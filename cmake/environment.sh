@@ -1,0 +1,54 @@
+# Sourced by run, test and the continuous integration: installs what is missing, builds a preset,
+# runs a Windows program under Wine. All of it does nothing that is done already.
+
+native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev"
+sanitizer_packages="libclang-rt-14-dev llvm"
+windows_packages="g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth"
+
+# Installs those of the packages named that are not there.
+install_packages() {
+    local missing="" package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+            missing="$missing $package"
+    done
+    [ -z "$missing" ] && return
+    local as_root=""
+    [ "$(id -u)" = 0 ] || as_root=sudo
+    echo "Installing:$missing"
+    $as_root apt-get update -qq
+    $as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# Configures (the first time) and builds a preset; shows what was printed only when it failed.
+build_preset() {
+    local log="build/$1.log"
+    mkdir -p build
+    if ! {
+        { [ -f "build/$1/build.ninja" ] || cmake --preset "$1"; } && cmake --build --preset "$1"
+    } >"$log" 2>&1; then
+        cat "$log"
+        return 1
+    fi
+}
+
+# Runs a Windows program in a Windows of our own. LC_ALL is the user's language there.
+run_windows() {
+    if [ ! -f "$WINEPREFIX/system.reg" ]; then
+        wineboot --init >/dev/null 2>&1
+        wineserver --wait
+    fi
+    wine "$@"
+}
+
+# Goes on inside a virtual display where there is none, with a Windows that nothing else runs in.
+prepare_windows() {
+    if [ -z "${DISPLAY:-}" ]; then
+        exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+    fi
+    mkdir -p build/wine
+    export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+    wineserver --kill || true
+    trap 'wineserver --kill || true' EXIT
+}

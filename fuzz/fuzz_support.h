@@ -1,0 +1,29 @@
+// What the fuzz targets share: the check that ends a run, and records in guarded memory.
+#pragma once
+
+#include "core/device_mode.h"
+#include "tests/support/guarded_buffer.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+/// Ends the run, and so keeps the input, when a property does not hold.
+inline void Require(bool holds, const char* property) {
+    if (!holds) {
+        std::fprintf(stderr, "property broken: %s\n", property);
+        std::abort();
+    }
+}
+
+/// A record from arbitrary bytes in a block of just the size that it claims for itself (at least
+/// what every record has), so that reading behind the claim is caught.
+inline test::GuardedBuffer GuardedRecord(const std::string& bytes) {
+    DEVMODEW head = {};
+    std::memcpy(&head, bytes.data(), std::min(bytes.size(), sizeof(head)));
+    const size_t claimed = std::max<size_t>(size_t{head.dmSize} + head.dmDriverExtra, 76);
+    // Records are aligned for their fields.
+    return test::GuardedBuffer((claimed + 3) / 4 * 4, bytes);
+}
