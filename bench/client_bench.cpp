@@ -35,35 +35,38 @@ constexpr char kPpd[] =
     "*DefaultImageableArea: A4\n*ImageableArea A4/A4: \"0 0 595 842\"\n"
     "*DefaultPaperDimension: A4\n*PaperDimension A4/A4: \"595 842\"\n";
 
-bool InstallPostScriptPrinter() {
-    WCHAR directory[MAX_PATH] = {};
-    DWORD needed = 0;
-    GetPrinterDriverDirectoryW(nullptr, nullptr, 1, reinterpret_cast<BYTE*>(directory),
-                               sizeof(directory), &needed);
-    const WideString ppd = WideString(directory) + TEXT("\\peer.ppd");
-    HANDLE file = CreateFileW(ppd.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+WideString WritePpd() {
+    WCHAR folder[MAX_PATH] = {};
+    GetTempPathW(MAX_PATH, folder);
+    const WideString path = WideString(folder) + TEXT("peer.ppd");
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     DWORD written = 0;
     WriteFile(file, kPpd, sizeof(kPpd) - 1, &written, nullptr);
     CloseHandle(file);
+    return path;
+}
 
-    WCHAR driver[] = TEXT("wineps.drv");
-    WCHAR name[] = TEXT("Peer");
-    WCHAR environment[] = TEXT("Windows x64");
-    WCHAR data[] = TEXT("peer.ppd");
+bool InstallPostScriptDriver(WCHAR* name) {
     WCHAR system[MAX_PATH] = {};
     GetSystemDirectoryW(system, MAX_PATH);
-    CopyFileW((WideString(system) + TEXT("\\") + driver).c_str(),
-              (WideString(directory) + TEXT("\\") + driver).c_str(), FALSE);
-    DRIVER_INFO_3W driverInfo = {};
-    driverInfo.cVersion = 3;
-    driverInfo.pName = name;
-    driverInfo.pEnvironment = environment;
-    driverInfo.pDriverPath = driver;
-    driverInfo.pDataFile = data;
-    driverInfo.pConfigFile = driver;
-    if (!AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&driverInfo),
-                             APD_COPY_NEW_FILES | APD_COPY_FROM_DIRECTORY) &&
-        GetLastError() != ERROR_PRINTER_DRIVER_ALREADY_INSTALLED) {
+    WideString driver = WideString(system) + TEXT("\\wineps.drv");
+    WideString ppd = WritePpd();
+    WCHAR environment[] = TEXT("Windows x64");
+    DRIVER_INFO_3W info = {};
+    info.cVersion = 3;
+    info.pName = name;
+    info.pEnvironment = environment;
+    info.pDriverPath = driver.data();
+    info.pDataFile = ppd.data();
+    info.pConfigFile = driver.data();
+    return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
+                               APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) ||
+           GetLastError() == ERROR_PRINTER_DRIVER_ALREADY_INSTALLED;
+}
+
+bool InstallPostScriptPrinter() {
+    WCHAR name[] = TEXT("Peer");
+    if (!InstallPostScriptDriver(name)) {
         return false;
     }
     computer::RemovePrinter(postScriptPrinter);
@@ -77,10 +80,7 @@ bool InstallPostScriptPrinter() {
     info.pPrintProcessor = processor;
     info.pDatatype = datatype;
     HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-    if (printer == nullptr) {
-        return false;
-    }
-    return ClosePrinter(printer);
+    return printer != nullptr && ClosePrinter(printer);
 }
 
 HANDLE Open(WideString& name) {
@@ -89,31 +89,32 @@ HANDLE Open(WideString& name) {
     return printer;
 }
 
-void AskCapability(const WideString& name) {
-    DeviceCapabilitiesW(name.c_str(), TEXT("FILE:"), DC_COPIES, nullptr, nullptr);
+LONG AskCapability(const WideString& name) {
+    return DeviceCapabilitiesW(name.c_str(), TEXT("FILE:"), DC_COPIES, nullptr, nullptr);
 }
 
-void AskProperties(WideString& name, HANDLE printer, std::vector<BYTE>& buffer) {
-    DocumentPropertiesW(nullptr, printer, name.data(), reinterpret_cast<DEVMODEW*>(buffer.data()),
-                        nullptr, DM_OUT_BUFFER);
+LONG AskProperties(WideString& name, HANDLE printer, std::vector<BYTE>& buffer) {
+    return DocumentPropertiesW(nullptr, printer, name.data(),
+                               reinterpret_cast<DEVMODEW*>(buffer.data()), nullptr, DM_OUT_BUFFER);
 }
 
 // What a card printer's record cannot be built without: its information and its printer data.
-void BareSpoolerCalls(HANDLE printer) {
+LONG BareSpoolerCalls(HANDLE printer) {
     DWORD size = 0;
     GetPrinterW(printer, 2, nullptr, 0, &size);
     std::vector<BYTE> info(size);
-    GetPrinterW(printer, 2, info.data(), size, &size);
+    const LONG informed = GetPrinterW(printer, 2, info.data(), size, &size);
     for (const WCHAR* name : {TEXT("PrinterDataSize"), TEXT("FreeMem"), TEXT("PrinterHT")}) {
         DWORD value = 0;
         GetPrinterDataW(printer, const_cast<WCHAR*>(name), nullptr, reinterpret_cast<BYTE*>(&value),
                         sizeof(value), &size);
     }
+    return informed;
 }
 
 struct Measured {
     const char* name;
-    std::function<void()> call;
+    std::function<LONG()> call;  // gives more than 0
     std::vector<double> rounds;  // microseconds a call
 
     double median() {
@@ -122,7 +123,7 @@ struct Measured {
     }
 };
 
-double MicrosecondsPerCall(const std::function<void()>& call) {
+double MicrosecondsPerCall(const std::function<LONG()>& call) {
     constexpr int kCalls = 200;
     LARGE_INTEGER frequency, start, end;
     QueryPerformanceFrequency(&frequency);
@@ -157,16 +158,22 @@ int main() {
     std::vector<BYTE> postScriptRecord(postScriptSize);
 
     Measured measured[] = {
-        {"DeviceCapabilitiesW, card printer", [&] { AskCapability(cardPrinter); }, {}},
-        {"DeviceCapabilitiesW, PostScript", [&] { AskCapability(postScriptPrinter); }, {}},
+        {"DeviceCapabilitiesW, card printer", [&] { return AskCapability(cardPrinter); }, {}},
+        {"DeviceCapabilitiesW, PostScript", [&] { return AskCapability(postScriptPrinter); }, {}},
         {"DocumentPropertiesW, card printer",
-         [&] { AskProperties(cardPrinter, card, cardRecord); },
+         [&] { return AskProperties(cardPrinter, card, cardRecord); },
          {}},
         {"DocumentPropertiesW, PostScript",
-         [&] { AskProperties(postScriptPrinter, postScript, postScriptRecord); },
+         [&] { return AskProperties(postScriptPrinter, postScript, postScriptRecord); },
          {}},
-        {"the bare spooler calls", [&] { BareSpoolerCalls(card); }, {}},
+        {"the bare spooler calls", [&] { return BareSpoolerCalls(card); }, {}},
     };
+    for (Measured& m : measured) {
+        if (m.call() <= 0) {
+            std::fprintf(stderr, "%s fails\n", m.name);
+            return 1;
+        }
+    }
     for (int round = 0; round < 11; ++round) {
         for (Measured& m : measured) {
             m.rounds.push_back(MicrosecondsPerCall(m.call));

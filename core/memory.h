@@ -11,8 +11,8 @@ template <typename T>
 class GlobalBlock {
   public:
     GlobalBlock() = default;
-    GlobalBlock(GlobalBlock&& other) : block_(std::exchange(other.block_, nullptr)) {}
-    GlobalBlock& operator=(GlobalBlock&& other) {
+    GlobalBlock(GlobalBlock&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
+    GlobalBlock& operator=(GlobalBlock&& other) noexcept {
         std::swap(block_, other.block_);
         return *this;
     }

@@ -180,13 +180,13 @@ void MergePublicFields(DEVMODEW& mode, const DEVMODEW& incoming) {
     if ((fields & DM_DUPLEX) != 0) {
         const bool legal =
             incoming.dmDuplex >= DMDUP_SIMPLEX && incoming.dmDuplex <= DMDUP_HORIZONTAL;
-        mode.dmDuplex = legal ? incoming.dmDuplex : DMDUP_SIMPLEX;
+        mode.dmDuplex = legal ? incoming.dmDuplex : SHORT{DMDUP_SIMPLEX};
         mode.dmFields |= legal ? DM_DUPLEX : 0;
     }
     if ((fields & DM_COLLATE) != 0) {
         const bool legal =
             incoming.dmCollate == DMCOLLATE_FALSE || incoming.dmCollate == DMCOLLATE_TRUE;
-        mode.dmCollate = legal ? incoming.dmCollate : DMCOLLATE_FALSE;
+        mode.dmCollate = legal ? incoming.dmCollate : SHORT{DMCOLLATE_FALSE};
         mode.dmFields |= legal ? DM_COLLATE : 0;
     }
     mode.dmLogPixels = kResolution;

@@ -24,10 +24,10 @@ struct OpenPrinter {
                         static_cast<DWORD>(bytes.size()));
     }
     Bytes Stored(const WCHAR* name) const {
-        Bytes bytes(0x20000);
+        Bytes bytes(0x1000);
         DWORD size = 0;
         const DWORD error = GetPrinterDataW(handle, const_cast<WCHAR*>(name), nullptr, bytes.data(),
-                                            0x20000, &size);
+                                            0x1000, &size);
         bytes.resize(error == ERROR_SUCCESS ? size : 0);
         return bytes;
     }

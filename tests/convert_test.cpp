@@ -44,6 +44,7 @@ TEST_F(ConvertTest, IntoTheDeclaredLayout) {
         {188, 112, 4000, {TRUE, kUntouched, 300}, false},
         {212, 0, 212, {TRUE, kUntouched, 212}, false},
         {92, 0, 92, {TRUE, kUntouched, 92}, false},
+        {220, 400, 620, {TRUE, kUntouched, 620}, false},
         {60, 0, 90, {FALSE, 87, 90}, false},
         {220, 364, 0, {FALSE, 87, 0}, false},
         {220, 364, -1, {FALSE, 87, -1}, false},
@@ -69,8 +70,23 @@ TEST_F(ConvertTest, IntoTheDeclaredLayout) {
         EXPECT_EQ(output.record()->dmCopies, 7);
         if (c.privatePart) {
             EXPECT_EQ(std::memcmp(output.data() + 220, &input.Private, 364), 0);
+        } else {
+            EXPECT_EQ(std::count(output.data() + c.size, output.data() + c.size + c.extra, 0xA5),
+                      c.extra);
         }
     }
+}
+
+TEST_F(ConvertTest, OutputSmallerThanItsFirstFieldsIsNotTouched) {
+    DevModeRecord input = DefaultRecord();
+    GuardedBuffer output(12);
+    EXPECT_EQ(Convert(CDM_CONVERT, &input.Public, output.record(), 12), (Outcome{FALSE, 87, 12}));
+    // One that ends with them takes no paper size.
+    GuardedBuffer shortest(76);
+    shortest.record()->dmSize = 76;
+    shortest.record()->dmDriverExtra = 0;
+    EXPECT_EQ(Convert(CDM_CONVERT, &input.Public, shortest.record(), 76),
+              (Outcome{TRUE, kUntouched, 76}));
 }
 
 TEST_F(ConvertTest, PaperSizeBecomesTheOneCardForm) {

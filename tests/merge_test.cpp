@@ -272,6 +272,7 @@ TEST_F(MergeTest, CopyOutGivesTheCallersLayout) {
     } cases[] = {
         {"own", 220, 0x0401, 0x0500, 364, 220, 0x0401, 0x0500, 364, true},
         {"larger", 300, 0x0402, 0x0700, 900, 220, 0x0401, 0x0500, 364, true},
+        {"other driver's", 220, 0x0401, 0x0600, 364, 220, 0x0401, 0x0500, 364, true},
         {"no private part", 220, 0x0401, 0x0123, 0, 220, 0x0401, 0x0123, 0, false},
         {"188", 188, 0x0320, 0x0350, 112, 188, 0x0320, 0x0350, 112, false},
         {"212 without version", 212, 0, 0x0500, 364, 212, 0x0400, 0x0500, 364, true},

@@ -18,8 +18,7 @@ namespace {
 
 using host::WideString;
 
-constexpr DWORD kSharingViolation = 32;  // ERROR_SHARING_VIOLATION
-constexpr DWORD kArchive = 0x20;         // FILE_ATTRIBUTE_ARCHIVE: every file that was written
+
 constexpr WCHAR kWindowsDirectory[] = TEXT("C:\\Windows");
 constexpr WCHAR kSystemDirectory[] = TEXT("C:\\Windows\\system32");
 constexpr WCHAR kSeparators[] = TEXT("\\/");
@@ -114,7 +113,7 @@ bool HasForbidden(const WideString& text) {
 // The entry of a folder that a name means: of exactly that name, else of that name in another case;
 // when there is neither, where it would be.
 fs::path Entry(const fs::path& folder, const WideString& name) {
-    const fs::path exact = folder / host::ToUtf8(name);
+    fs::path exact = folder / host::ToUtf8(name);
     std::error_code ignored;
     if (fs::exists(exact, ignored)) {
         return exact;
@@ -157,7 +156,7 @@ DWORD AttributesOf(const fs::path& place) {
     if (S_ISDIR(info.st_mode)) {
         return FILE_ATTRIBUTE_DIRECTORY;
     }
-    return kArchive | ((info.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0);
+    return FILE_ATTRIBUTE_ARCHIVE | ((info.st_mode & S_IWUSR) == 0 ? FILE_ATTRIBUTE_READONLY : 0);
 }
 
 bool IsReadOnly(DWORD attributes) {
@@ -180,7 +179,7 @@ DWORD OpenError(const fs::path& place, DWORD access, DWORD share, DWORD disposit
         (IsReadOnly(attributes) && (effect & GENERIC_WRITE) != 0)) {
         return ERROR_ACCESS_DENIED;
     }
-    return OpenFile::Excludes(place, effect, share) ? kSharingViolation : ERROR_SUCCESS;
+    return OpenFile::Excludes(place, effect, share) ? ERROR_SHARING_VIOLATION : ERROR_SUCCESS;
 }
 
 int OpenOnDisk(const fs::path& place, DWORD access, DWORD disposition) {
@@ -395,7 +394,7 @@ BOOL WINAPI DeleteFileW(LPCWSTR path) {
         return host::Fail(ERROR_ACCESS_DENIED);
     }
     if (OpenFile::IsOpen(*place)) {
-        return host::Fail(kSharingViolation);
+        return host::Fail(ERROR_SHARING_VIOLATION);
     }
     return fs::remove(*place);
 }

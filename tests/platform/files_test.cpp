@@ -89,7 +89,7 @@ TEST_F(FilesTest, OpeningSaysWhatStandsInTheWay) {
 }
 
 TEST_F(FilesTest, AnOpenFileIsSharedForReadingAtMost) {
-    constexpr DWORD kSharingViolation = 32;
+    constexpr DWORD kSharingViolation = ERROR_SHARING_VIOLATION;
     const WideString path = In(TEXT("busy"));
     HANDLE writer = Open(path, GENERIC_WRITE, CREATE_NEW);
     EXPECT_EQ(Open(path, GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
