@@ -67,22 +67,19 @@ TEST_F(MergeTest, PublicFieldsAreTakenUnderTheirBitWithinLegalValues) {
     }
 }
 
-TEST_F(MergeTest, ResolutionIsAlwaysClaimedAsAPair) {
-    DevModeRecord current = DefaultRecord();
-    current.Public.dmFields = 0;
-    const DEVMODEW mode = Merged(Incoming(DM_YRESOLUTION), current).Public;
-    EXPECT_EQ(mode.dmFields & (DM_PRINTQUALITY | DM_YRESOLUTION),
-              DWORD{DM_PRINTQUALITY | DM_YRESOLUTION});
-    EXPECT_EQ(mode.dmPrintQuality, 300);
-}
-
-TEST_F(MergeTest, ColourManagementIsTakenAsItIs) {
-    DevModeRecord incoming = Incoming(DM_ICMMETHOD | DM_ICMINTENT);
+TEST_F(MergeTest, ColourManagementIsTakenAndResolutionAndMediaTypeAreClaimed) {
+    DevModeRecord incoming = Incoming(DM_ICMMETHOD | DM_ICMINTENT | DM_YRESOLUTION | DM_MEDIATYPE);
     incoming.Public.dmICMMethod = 2;
     incoming.Public.dmICMIntent = 77;
-    const DEVMODEW mode = Merged(incoming).Public;
+    incoming.Public.dmMediaType = 999;
+    DevModeRecord current = DefaultRecord();
+    current.Public.dmFields = 0;
+    const DEVMODEW mode = Merged(incoming, current).Public;
+    const DWORD fromCardForm = DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_FORMNAME;
+    EXPECT_EQ(mode.dmFields, incoming.Public.dmFields | DM_PRINTQUALITY | fromCardForm);
     EXPECT_EQ(mode.dmICMMethod, 2u);
     EXPECT_EQ(mode.dmICMIntent, 77u);
+    EXPECT_EQ(mode.dmMediaType, 401u);
     EXPECT_EQ(mode.dmLogPixels, 300);
     EXPECT_EQ(mode.dmBitsPerPel, 24u);
 }
@@ -125,16 +122,6 @@ TEST_F(MergeTest, OneOfTheTwoCardFormsResults) {
         const DWORD claimed = c.fields != 0 ? 0 : 0x1000E;
         EXPECT_EQ(merged.Public.dmFields, claimed);
     }
-}
-
-TEST_F(MergeTest, MediaTypeBitIsClaimedWithoutItsValue) {
-    DevModeRecord current = DefaultRecord();
-    current.Public.dmFields = 0;
-    DevModeRecord incoming = Incoming(DM_MEDIATYPE);
-    incoming.Public.dmMediaType = 999;
-    const DEVMODEW mode = Merged(incoming, current).Public;
-    EXPECT_NE(mode.dmFields & DM_MEDIATYPE, 0u);
-    EXPECT_EQ(mode.dmMediaType, 401u);
 }
 
 TEST_F(MergeTest, WholePrivatePartIsTakenButForAFewBytes) {

@@ -1,0 +1,15 @@
+// UTF-8, which the tool speaks on both platforms, and the driver's wide text.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace kpdtool {
+
+/// Malformed text becomes U+FFFD, character by character.
+std::string ToUtf8(std::basic_string_view<WCHAR> text);
+std::basic_string<WCHAR> FromUtf8(std::string_view text);
+
+}  // namespace kpdtool
