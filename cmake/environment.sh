@@ -33,13 +33,15 @@ build_preset() {
     fi
 }
 
-# Runs a Windows program in a Windows of our own. LC_ALL is the user's language there.
+# Runs a Windows program in a Windows of our own. The first word is its user's language and country.
 run_windows() {
+    local language=$1
+    shift
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         wineboot --init >/dev/null 2>&1
         wineserver --wait
     fi
-    wine "$@"
+    env LC_ALL="$language.UTF-8" wine "$@"
 }
 
 # Goes on inside a virtual display where there is none, with a Windows that nothing else runs in.
