@@ -17,7 +17,6 @@ class LanguageTest : public DriverTest {
     }
     void TearDown() override {
         StopMessageBoxes();
-        computer::SetUiLanguage(MAKELANGID(LANG_ENGLISH, SUBLANG_DEFAULT));
         std::filesystem::remove(DiskPath(LanguageFilePath));
         DriverTest::TearDown();
     }

@@ -137,7 +137,7 @@ TEST_F(LocaleDataTest, CountryDecidesAboutMillimetres) {
 
 TEST_F(LocaleDataTest, CodePageOtherThanWesternIsNoted) {
     int checked = 0;
-    for (UINT codePage : {1252u, 932u, 936u, 950u, 1251u}) {
+    for (UINT codePage : {1252u, 932u, 936u, 949u, 950u, 1251u}) {
         if (SetCodePage(codePage)) {
             ++checked;
             EXPECT_EQ(BuildDefaultPrinterData(printer_)->DataFlags & kNotCodePage1252,

@@ -1,11 +1,12 @@
 // The registry: keys and values.
 #include "platform_test.h"
 
+#include <tuple>
+
 namespace {
 
-using test::WideString;
-
 constexpr WCHAR kRoot[] = TEXT("Software\\KpdTest");
+constexpr WCHAR kBelow[] = TEXT("Software\\KpdTest\\One\\Two");
 
 class RegistryTest : public test::PlatformTest {
   protected:
@@ -15,112 +16,64 @@ class RegistryTest : public test::PlatformTest {
 #endif
         PlatformTest::TearDown();
     }
-    // A key below the user's, made when it is missing; the caller closes it.
-    static HKEY Create(const WideString& path, REGSAM access, DWORD* disposition = nullptr) {
-        HKEY key = nullptr;
-        EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr,
-                                  REG_OPTION_NON_VOLATILE, access, nullptr, &key, disposition),
-                  ERROR_SUCCESS);
-        return key;
-    }
 };
 
-TEST_F(RegistryTest, KeysAreMadeWithAllThatLeadsToThem) {
-    const WideString path = WideString(kRoot) + TEXT("\\One\\Two");
+// A key of the user's, new or not as expected; the caller closes it.
+HKEY Create(const WCHAR* path, REGSAM access, DWORD expected) {
     HKEY key = nullptr;
-    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &key),
-              ERROR_FILE_NOT_FOUND);
     DWORD disposition = 0;
-    RegCloseKey(Create(path, KEY_READ, &disposition));
-    EXPECT_EQ(disposition, DWORD{REG_CREATED_NEW_KEY});
-    RegCloseKey(Create(path, KEY_READ, &disposition));
-    EXPECT_EQ(disposition, DWORD{REG_OPENED_EXISTING_KEY});
-
-    HKEY root = Create(kRoot, KEY_READ, &disposition);
-    EXPECT_EQ(disposition, DWORD{REG_OPENED_EXISTING_KEY});
-    for (const WCHAR* name : {TEXT("One"), TEXT("oNE\\tWO"), TEXT("One\\Two\\"), TEXT("")}) {
-        ASSERT_EQ(RegOpenKeyExW(root, name, 0, KEY_READ, &key), ERROR_SUCCESS);
-        EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
-    }
-    EXPECT_EQ(RegOpenKeyExW(root, TEXT("Two"), 0, KEY_READ, &key), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ, &key),
-              ERROR_FILE_NOT_FOUND)
-        << "another tree";
-    RegCloseKey(root);
-}
-
-TEST_F(RegistryTest, ValuesKeepTheirTypeAndBytes) {
-    HKEY key = Create(kRoot, KEY_READ | KEY_WRITE);
-    const struct {
-        const WCHAR* name;
-        DWORD type;
-        std::string bytes;
-    } cases[] = {
-        {TEXT("Number"), REG_DWORD, std::string("\x01\x00\x00\x80", 4)},
-        {TEXT("Text"), REG_SZ, std::string("a\0b\0\0\0", 6)},
-        {TEXT("Raw"), REG_BINARY, std::string("\0\xFF\0", 3)},
-        {TEXT("Nothing"), REG_BINARY, ""},
-        {nullptr, REG_SZ, std::string("d\0\0\0", 4)},
-        {TEXT("nUMBER"), REG_BINARY, "replaced"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name == nullptr ? "default" : test::Narrow(c.name));
-        const DWORD size = static_cast<DWORD>(c.bytes.size());
-        ASSERT_EQ(RegSetValueExW(key, c.name, 0, c.type,
-                                 reinterpret_cast<const BYTE*>(c.bytes.data()), size),
-                  ERROR_SUCCESS);
-        BYTE data[16];
-        DWORD type = 99;
-        DWORD room = sizeof(data);
-        ASSERT_EQ(RegQueryValueExW(key, c.name, nullptr, &type, data, &room), ERROR_SUCCESS);
-        EXPECT_EQ(type, c.type);
-        EXPECT_EQ(std::string(data, data + room), c.bytes);
-    }
-    DWORD type = 99;
-    EXPECT_EQ(RegQueryValueExW(key, TEXT("Number"), nullptr, &type, nullptr, nullptr),
+    EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path, 0, nullptr, REG_OPTION_NON_VOLATILE, access,
+                              nullptr, &key, &disposition),
               ERROR_SUCCESS);
-    EXPECT_EQ(type, DWORD{REG_BINARY}) << "names are one in either case";
-    RegCloseKey(key);
+    EXPECT_EQ(disposition, expected);
+    return key;
 }
 
-TEST_F(RegistryTest, QueriesTellTheSize) {
-    HKEY key = Create(kRoot, KEY_READ | KEY_WRITE);
-    ASSERT_EQ(
-        RegSetValueExW(key, TEXT("v"), 0, REG_BINARY, reinterpret_cast<const BYTE*>("abcd"), 4),
-        ERROR_SUCCESS);
-    BYTE data[4] = {'#', '#', '#', '#'};
-    DWORD size = 0;
-    EXPECT_EQ(RegQueryValueExW(key, TEXT("v"), nullptr, nullptr, nullptr, &size), ERROR_SUCCESS);
-    EXPECT_EQ(size, 4u);
-    size = 3;
-    EXPECT_EQ(RegQueryValueExW(key, TEXT("v"), nullptr, nullptr, data, &size), ERROR_MORE_DATA);
-    EXPECT_EQ(size, 4u);
-    EXPECT_EQ(data[3], '#');
-    EXPECT_EQ(RegQueryValueExW(key, TEXT("v"), nullptr, nullptr, data, nullptr),
-              ERROR_INVALID_PARAMETER);
-    EXPECT_EQ(RegQueryValueExW(key, TEXT("missing"), nullptr, nullptr, data, &size),
-              ERROR_FILE_NOT_FOUND);
-    RegCloseKey(key);
-    EXPECT_EQ(RegQueryValueExW(nullptr, TEXT("v"), nullptr, nullptr, data, &size),
-              ERROR_INVALID_HANDLE);
+LSTATUS Set(HKEY key, const WCHAR* name, const std::string& bytes, DWORD type) {
+    const BYTE* data = reinterpret_cast<const BYTE*>(bytes.data());
+    return RegSetValueExW(key, name, 0, type, data, static_cast<DWORD>(bytes.size()));
 }
 
-TEST_F(RegistryTest, AccessIsWhatWasAskedForAndErrorsAreOnlyReturned) {
-    HKEY reader = Create(kRoot, KEY_READ);
-    HKEY writer = Create(kRoot, KEY_SET_VALUE);
-    const BYTE value[4] = {};
-    DWORD size = 4;
-    BYTE data[4];
-    SetLastError(77);
-    EXPECT_EQ(RegSetValueExW(reader, TEXT("v"), 0, REG_DWORD, value, 4), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(RegSetValueExW(writer, TEXT("v"), 0, REG_DWORD, value, 4), ERROR_SUCCESS);
-    EXPECT_EQ(RegQueryValueExW(writer, TEXT("v"), nullptr, nullptr, data, &size),
-              ERROR_ACCESS_DENIED);
-    EXPECT_EQ(GetLastError(), 77u);
-    RegCloseKey(reader);
+TEST_F(RegistryTest, KeysAreMadeWithAllThatLeadsToThemAndGiveTheAccessAskedFor) {
+    HKEY key = nullptr;
+    EXPECT_EQ(RegOpenKeyExW(HKEY_CURRENT_USER, kBelow, 0, KEY_READ, &key), ERROR_FILE_NOT_FOUND);
+    RegCloseKey(Create(kBelow, KEY_READ, REG_CREATED_NEW_KEY));
+    HKEY writer = Create(kRoot, KEY_WRITE, REG_OPENED_EXISTING_KEY);
+    ASSERT_EQ(RegOpenKeyExW(writer, TEXT("oNE\\tWO"), 0, KEY_READ, &key), ERROR_SUCCESS);
+    const auto query = [](HKEY from) {
+        return RegQueryValueExW(from, TEXT("v"), nullptr, nullptr, nullptr, nullptr);
+    };
+    EXPECT_EQ(Set(key, TEXT("v"), "a", REG_BINARY), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(query(key), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(query(writer), ERROR_ACCESS_DENIED);
+    EXPECT_EQ(RegCloseKey(key), ERROR_SUCCESS);
     RegCloseKey(writer);
-    EXPECT_EQ(RegCloseKey(HKEY_CURRENT_USER), ERROR_SUCCESS);
-    EXPECT_EQ(RegCloseKey(nullptr), ERROR_INVALID_HANDLE);
+}
+
+TEST_F(RegistryTest, ValuesKeepTheirTypeAndBytesAndTellTheirSize) {
+    HKEY key = Create(kRoot, KEY_READ | KEY_WRITE, REG_CREATED_NEW_KEY);
+    const std::tuple<const WCHAR*, DWORD, std::string> cases[] = {
+        {TEXT("Value"), REG_DWORD, std::string("\x01\x00\x00\x80", 4)},
+        {TEXT("vALUE"), REG_SZ, std::string("a\0b\0\0\0", 6)},
+        {TEXT("Value"), REG_BINARY, std::string("\0\xFF\0", 3)},
+    };
+    for (const auto& [name, type, bytes] : cases) {
+        ASSERT_EQ(Set(key, name, bytes, type), ERROR_SUCCESS);
+        DWORD size = 2;
+        DWORD found = 99;
+        BYTE data[8];
+        const auto query = [&](BYTE* buffer) {
+            return RegQueryValueExW(key, TEXT("Value"), nullptr, &found, buffer, &size);
+        };
+        EXPECT_EQ(query(data), ERROR_MORE_DATA);
+        EXPECT_EQ(size, bytes.size());
+        size = 0;
+        EXPECT_EQ(query(nullptr), ERROR_SUCCESS);
+        ASSERT_EQ(query(data), ERROR_SUCCESS) << "of the size that it told";
+        EXPECT_EQ(found, type);
+        EXPECT_EQ(std::string(data, data + size), bytes);
+    }
+    RegCloseKey(key);
 }
 
 }  // namespace

@@ -19,12 +19,17 @@ HANDLE DriverTest::NewPrinter(const WideString& model, const WideString& port,
     return printer;
 }
 
+void DriverTest::SetUp() {
+    PlatformTest::SetUp();
+    language_ = GetUserDefaultUILanguage();
+}
+
 void DriverTest::TearDown() {
     for (HANDLE printer : opened_) {
         ClosePrinter(printer);
     }
     computer::RemovePrinter(kPrinterName);
-    computer::SetUiLanguage(MAKELANGID(LANG_ENGLISH, SUBLANG_DEFAULT));
+    computer::SetUiLanguage(language_);
     PlatformTest::TearDown();
 }
 

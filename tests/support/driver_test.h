@@ -14,7 +14,8 @@ inline const WideString kPrinterName = TEXT("Badge room");
 
 class DriverTest : public PlatformTest {
   protected:
-    void TearDown() override;
+    void SetUp() override;
+    void TearDown() override;  ///< removes the printer; the user's UI language is again what it was
 
     /// Adds the printer kPrinterName (or replaces it) and gives a handle with every right, closed
     /// at the end of the test.
@@ -22,6 +23,7 @@ class DriverTest : public PlatformTest {
                       const std::vector<BYTE>& defaultRecord = {});
 
   private:
+    LANGID language_ = 0;
     std::vector<HANDLE> opened_;
 };
 
