@@ -119,9 +119,9 @@ class LocaleDataTest : public PrinterDataTest {};
 TEST_F(LocaleDataTest, CountryDecidesAboutMillimetres) {
     const struct {
         int country, metric;
-    } cases[] = {{1, 0},   {2, 0},   {3, 1},   {49, 1},  {50, 0}, {55, 0},
-                 {59, 0},  {60, 1},  {81, 1},  {82, 1},  {86, 1}, {499, 1},
-                 {500, 0}, {599, 0}, {600, 1}, {852, 1}, {886, 1}};
+    } cases[] = {{1, 0},   {2, 0},   {3, 1},   {7, 1},   {49, 1},  {50, 0},
+                 {55, 0},  {59, 0},  {60, 1},  {81, 1},  {82, 1},  {86, 1},
+                 {499, 1}, {500, 0}, {599, 0}, {600, 1}, {852, 1}, {886, 1}};
     int checked = 0;
     for (const auto& c : cases) {
         if (SetCountry(c.country)) {

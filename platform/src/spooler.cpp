@@ -147,7 +147,7 @@ BOOL WINAPI OpenPrinterW(LPWSTR name, LPHANDLE printer, LPPRINTER_DEFAULTSW defa
     if (host::FailsNow(host::Call::kSpooler)) {
         return FALSE;
     }
-    if (printer == nullptr) {
+    if (printer == nullptr || (name != nullptr && *name == 0)) {
         return host::Fail(ERROR_INVALID_PARAMETER);
     }
     const WideString folded = name == nullptr ? WideString() : host::FoldCase(name);

@@ -11,8 +11,9 @@ using LocaleTest = test::PlatformTest;
 
 TEST_F(LocaleTest, TheUserCanBeOfAnotherCountry) {
     const std::tuple<LANGID, int, UINT> users[] = {
-        {0x0409, 1, 1252}, {0x0407, 49, 1252}, {0x0411, 81, 932},  {0x0412, 82, 949},
-        {0x0804, 86, 936}, {0x0404, 886, 950}, {0x0C04, 852, 950}, {0x0416, 55, 1252}};
+        {0x0409, 1, 1252},  {0x0407, 49, 1252}, {0x0411, 81, 932},
+        {0x0412, 82, 949},  {0x0804, 86, 936},  {0x0404, 886, 950},
+        {0x0C04, 852, 950}, {0x0416, 55, 1252}, {0x0419, 7, 1251}};
     bool anyUser = false;
     for (const auto& [language, country, codePage] : users) {
         if (test::SetCountry(country)) {
