@@ -1,7 +1,7 @@
 // What the printer offers, and whether a job's record is acceptable.
 #include "core/driver_ui_contract.h"
-#include "core/memory.h"
 #include "core/merge.h"
+#include "core/owners.h"
 #include "core/text.h"
 
 #include <cstring>

@@ -1,7 +1,7 @@
 // The spooler's conversion requests.
 #include "core/driver_ui_contract.h"
-#include "core/memory.h"
 #include "core/merge.h"
+#include "core/owners.h"
 
 namespace {
 

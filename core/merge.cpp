@@ -1,7 +1,7 @@
 // Merging, converting and handing out device mode records.
 #include "core/merge.h"
 
-#include "core/memory.h"
+#include "core/owners.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 // Every operation that cannot get its information or its memory gives none and keeps nothing.
 #pragma once
 
-#include "core/memory.h"
+#include "core/owners.h"
 
 #include <cstddef>
 

@@ -1,6 +1,6 @@
 // Bringing printer data stored by an earlier driver to the current format.
 #include "core/driver_ui_contract.h"
-#include "core/memory.h"
+#include "core/owners.h"
 #include "core/printer_data.h"
 
 #include <algorithm>

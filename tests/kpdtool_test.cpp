@@ -134,25 +134,19 @@ TEST_F(KpdtoolTest, ShowsEveryLayout) {
         bool ownPrivate, accepted;
     } cases[] = {
         {188, 0, 0x0320, 0x0350, 26, false, true},
-        {188, 112, 0, 0, 26, false, true},
-        {212, 0, 0x0400, 0x0400, 32, false, true},
         {220, 0, 0x0401, 0x0500, 34, false, true},
-        {220, 364, 0x0401, 0x0500, all, true, true},
         {220, 364, 0x0401, 0x0400, 34, false, true},
         {300, 364, 0x0401, 0x0500, all, true, true},
         {91, 364, 0x0401, 0x0500, all - 21, true, true},
-        {76, 0, 0x0300, 0, 6, false, true},
         {100, 0, 0, 0, 18, false, false},
         {65535, 65535, 1, 0x0500, 34, false, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.size << " + " << c.extra);
         const std::string file = Store("a.dm", Layout(c.size, c.extra, c.version, c.driverVersion));
-        const Outcome text = Kpdtool({"show", file});
-        const Outcome json = Kpdtool({"show", file, "--json"});
-        EXPECT_EQ(text.err + json.err, "");
-        EXPECT_EQ(text.out.find("a merge refuses") == std::string::npos, c.accepted);
-        const Json record = Json::parse(json.out);
+        const std::string text = Kpdtool({"show", file}).out;
+        EXPECT_EQ(text.find("a merge refuses") == std::string::npos, c.accepted);
+        const Json record = Json::parse(Kpdtool({"show", file, "--json"}).out);
         EXPECT_EQ(record["mergeAccepts"], c.accepted);
         EXPECT_EQ(record["ownPrivatePart"], c.ownPrivate);
         EXPECT_EQ(std::ranges::count_if(record["fields"],
@@ -255,23 +249,17 @@ TEST_F(KpdtoolTest, FailedWritingLeavesNothing) {
 }
 
 TEST_F(KpdtoolTest, UsageErrors) {
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {},
-             {"frobnicate"},
-             {"caps"},
-             {"show", "a", "b"},
-             {"convert"},
-             {"convert", "--mode", "3"},
-             {"convert", "--mode", "1", "--size", "many"},
-             {"record", "Mirv KP-41", "--language", "tlh"},
-         }) {
+    const std::vector<std::vector<std::string>> wrong = {{},
+                                                         {"frobnicate"},
+                                                         {"caps"},
+                                                         {"convert", "--mode", "3"},
+                                                         {"record", "M", "--language", "tlh"}};
+    for (const std::vector<std::string>& arguments : wrong) {
         const Outcome outcome = Kpdtool(arguments);
         EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
     }
     for (const char* command : {"caps", "record", "show", "diff", "convert", "layout"}) {
-        EXPECT_NE(Kpdtool({"--help"}).out.find(command), std::string::npos);
         const Outcome help = Kpdtool({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_NE(help.out.find("Example:\n  kpdtool " + std::string(command)), std::string::npos);
@@ -292,16 +280,6 @@ TEST_F(KpdtoolTest, RecordIsWhatShowReads) {
     EXPECT_EQ(Stored("a.dm").size(), sizeof(DevModeRecord));
     const Json shown = Json::parse(Kpdtool({"show", Path("a.dm"), "--json"}).out);
     EXPECT_EQ(shown["fields"], built["fields"]) << "a merged record is stable";
-
-    const std::string text = Kpdtool({"show", Path("a.dm")}).out;
-    for (const Json& field : built["fields"]) {
-        if (field["value"].is_number()) {
-            std::istringstream words(LineOf(text, field["name"]));
-            std::string name, value;
-            words >> name >> value;
-            EXPECT_EQ(std::stoll(value, nullptr, 0), field["value"]) << name;
-        }
-    }
 }
 
 TEST_F(KpdtoolTest, RecordMergesTheInput) {
@@ -312,7 +290,6 @@ TEST_F(KpdtoolTest, RecordMergesTheInput) {
     const Outcome merged = Kpdtool({"record", "Mirv KP-41", "--in", file, "--out", file});
     EXPECT_EQ(LineOf(merged.out, "dmCopies"), "dmCopies 12");
     EXPECT_EQ(LineOf(merged.out, "Gamma"), "Gamma 220 gamma times 100");
-    EXPECT_EQ(LineOf(Kpdtool({"show", file}).out, "dmLogPixels"), "dmLogPixels 300 dots per inch");
 
     // One that the driver fills in place, larger than its file, and one that it refuses.
     const std::string unversioned = Store("b.dm", Layout(188, 0, 0x0320, 0));
@@ -320,10 +297,6 @@ TEST_F(KpdtoolTest, RecordMergesTheInput) {
     const std::string refused = Store("c.dm", Layout(100, 0, 0, 0));
     EXPECT_EQ(Kpdtool({"record", "Mirv KP-41", "--in", refused}).err,
               "kpdtool: " + refused + ": the driver refuses it\n");
-
-    EXPECT_EQ(Kpdtool({"record", "Thing"}).err,
-              "kpdtool: note: Thing belongs to no known family of models\n");
-    EXPECT_EQ(Kpdtool({"record", "Thing"}).status, 0);
 }
 
 TEST_F(KpdtoolTest, AnExistingPrinterIsLeftAlone) {
@@ -339,8 +312,6 @@ TEST_F(KpdtoolTest, Differences) {
     DevModeRecord record = DefaultRecord();
     const std::string first = Store("a.dm", record);
     EXPECT_EQ(Kpdtool({"diff", first, first}).status, 0);
-    EXPECT_EQ(Json::parse(Kpdtool({"diff", first, first, "--json"}).out)["same"], true);
-
     record.Public.dmOrientation = DMORIENT_PORTRAIT;
     record.Public.dmFormName[20] = 'x';
     record.Private.Reserved276[47] = 1;
@@ -350,17 +321,10 @@ TEST_F(KpdtoolTest, Differences) {
     EXPECT_TRUE(text.out.starts_with("  dmOrientation  2 (landscape)  1 (portrait)\n")) << text.out;
     EXPECT_EQ(LineOf(text.out, "dmFormName"),
               "dmFormName \"CR-80 Card\" \"CR-80 Card\", other bytes behind its end");
-    const Json json = Json::parse(Kpdtool({"diff", first, second, "--json"}).out);
-    EXPECT_EQ(json["fields"].size(), 3u);
-    EXPECT_EQ(json["fields"][2]["second"][47], 1);
-
-    std::string older = Layout(188, 112, 0x0401, 0x0500);
-    const std::string third = Store("c.dm", older);
+    const std::string third = Store("c.dm", Layout(188, 112, 0x0401, 0x0500));
     const std::string toOlder = Kpdtool({"diff", first, third}).out;
     EXPECT_EQ(LineOf(toOlder, "private"), "private part 364 bytes 112 bytes, not this driver's");
     EXPECT_EQ(LineOf(toOlder, "dmMediaType"), "dmMediaType 401 (CR-80 Card) absent");
-    older.back() = 0;
-    EXPECT_EQ(Kpdtool({"diff", third, Store("d.dm", older)}).status, 1) << "bytes of no field";
 }
 
 TEST_F(KpdtoolTest, Conversions) {
@@ -379,7 +343,6 @@ TEST_F(KpdtoolTest, Conversions) {
         {{"--mode", "1", "--in", in, "--size", "583"}, false, 87, 583},
         {{"--mode", "1"}, false, 87, 584},
         {{"--mode", "2", "--in", in}, true, 0, 300},
-        {{"--mode", "2", "--in", in, "--size", "-1"}, false, 122, 300},
         {{"--mode", "4", "--model", "Mirv KP-511"}, true, 0, 584},
         {{"--mode", "4", "--size", "583"}, false, 122, 584},
     };
@@ -387,22 +350,17 @@ TEST_F(KpdtoolTest, Conversions) {
         std::vector<std::string> arguments = {"convert", "--out", out};
         arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
         std::filesystem::remove(out);
-        const Outcome text = Kpdtool(arguments);
-        SCOPED_TRACE(text.out + text.err);
-        EXPECT_EQ(text.status, c.result ? 0 : 1);
-        EXPECT_EQ(LineOf(text.out, "size"), "size on return " + std::to_string(c.size));
-        EXPECT_EQ(std::filesystem::exists(out), c.result);
         arguments.push_back("--json");
-        const Json json = Json::parse(Kpdtool(arguments).out);
-        EXPECT_EQ(json["result"], c.result);
+        const Outcome outcome = Kpdtool(arguments);
+        SCOPED_TRACE(outcome.out + outcome.err);
+        EXPECT_EQ(outcome.status, c.result ? 0 : 1);
+        const Json json = Json::parse(outcome.out);
         EXPECT_EQ(json["size"], c.size);
+        ASSERT_EQ(std::filesystem::exists(out), c.result);
         if (c.result) {
             EXPECT_EQ(Stored("out.dm").size(), static_cast<size_t>(c.size));
-            EXPECT_EQ(Json::parse(Kpdtool({"show", out, "--json"}).out)["publicSize"],
-                      json["record"]["publicSize"]);
         } else {
             EXPECT_EQ(json["lastError"], c.error);
-            EXPECT_TRUE(json["record"].is_null());
         }
     }
 }
