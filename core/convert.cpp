@@ -24,10 +24,14 @@ BOOL ConvertToDeclared(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
     return TRUE;
 }
 
+// When there is no room, tells how much is needed.
 bool HasRoom(const DEVMODEW* output, LONG* size, LONG needed) {
-    const bool room = output != nullptr && *size >= needed;
-    *size = room ? *size : needed;
-    return room || Fail(ERROR_INSUFFICIENT_BUFFER);
+    if (output != nullptr && *size >= needed) {
+        return true;
+    }
+    *size = needed;
+    SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return false;
 }
 
 // Into the layout of this driver's first generation, whose private part has nothing in common with

@@ -62,9 +62,9 @@ int ConvertDevModeCopy(const DEVMODEW* source, DEVMODEW* destination) {
     const auto* in = reinterpret_cast<const BYTE*>(source);
     auto* out = reinterpret_cast<BYTE*>(destination);
     const int publicBytes = std::min(from.Size, to.Size);
-    std::memcpy(out, in, publicBytes);
+    std::memmove(out, in, publicBytes);  // a caller may convert a record in its own place
     DWORD fields;
-    std::memcpy(&fields, in + offsetof(DEVMODEW, dmFields), sizeof(fields));
+    std::memcpy(&fields, out + offsetof(DEVMODEW, dmFields), sizeof(fields));
     constexpr size_t kPaperSizeAt = offsetof(DEVMODEW, dmPaperSize);
     if ((fields & DM_PAPERSIZE) != 0 && to.Size >= kPaperSizeAt + sizeof(SHORT)) {
         std::memcpy(out + kPaperSizeAt, &CardFormTable[0].PaperSize, sizeof(SHORT));
@@ -75,7 +75,7 @@ int ConvertDevModeCopy(const DEVMODEW* source, DEVMODEW* destination) {
         to.Extra != from.Extra) {
         return publicBytes;
     }
-    std::memcpy(out + to.Size, in + from.Size, from.Extra);
+    std::memmove(out + to.Size, in + from.Size, from.Extra);
     return publicBytes + from.Extra;
 }
 

@@ -95,6 +95,9 @@ TEST_F(ConvertTest, PaperSizeBecomesTheOneCardForm) {
     DevModeRecord output = DefaultRecord();
     EXPECT_TRUE(Convert(CDM_CONVERT, &input.Public, &output.Public, 584).result);
     EXPECT_EQ(output.Public.dmPaperSize, 560);
+    output.Public.dmPaperSize = 9;
+    EXPECT_TRUE(Convert(CDM_CONVERT, &output.Public, &output.Public, 584).result) << "in place";
+    EXPECT_EQ(output.Public.dmPaperSize, 560);
     input.Public.dmFields &= ~DM_PAPERSIZE;
     EXPECT_TRUE(Convert(CDM_CONVERT, &input.Public, &output.Public, 584).result);
     EXPECT_EQ(output.Public.dmPaperSize, 9);
