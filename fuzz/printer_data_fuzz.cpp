@@ -26,8 +26,8 @@ struct OpenPrinter {
     Bytes Stored(const WCHAR* name) const {
         Bytes bytes(0x1000);
         DWORD size = 0;
-        const DWORD error = GetPrinterDataW(handle, const_cast<WCHAR*>(name), nullptr, bytes.data(),
-                                            0x1000, &size);
+        const DWORD error =
+            GetPrinterDataW(handle, const_cast<WCHAR*>(name), nullptr, bytes.data(), 0x1000, &size);
         bytes.resize(error == ERROR_SUCCESS ? size : 0);
         return bytes;
     }
