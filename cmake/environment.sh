@@ -47,7 +47,7 @@ run_windows() {
 # Goes on inside a virtual display where there is none, with a Windows that nothing else runs in.
 prepare_windows() {
     if [ -z "${DISPLAY:-}" ]; then
-        exec xvfb-run -a -s "-screen 0 1280x1024x24" "$0" "$@"
+        exec xvfb-run -a -s "-screen 0 1280x1024x24" "./$(basename "$0")" "$@"
     fi
     mkdir -p build/wine
     export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
