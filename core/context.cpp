@@ -100,12 +100,8 @@ bool LoadPrinter(DriverContext* context, DEVMODEW* record) {
 
 bool LoadPrinterData(DriverContext* context) {
     PrinterDataRecord* copy = &context->PrinterDataCopy;
-    if (!ReadPrinterData(context->PrinterHandle, copy)) {
-        const auto built = BuildDefaultPrinterData(context->PrinterHandle);
-        if (!built) {
-            return false;
-        }
-        *copy = *built;
+    if (!ReadOrBuildPrinterData(context->PrinterHandle, copy)) {
+        return false;
     }
     copy->RecordVersion = kPrinterDataVersion;
     copy->RecordSize = sizeof(*copy);
@@ -115,12 +111,11 @@ bool LoadPrinterData(DriverContext* context) {
 }  // namespace
 
 DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record) {
-    DriverContext* context = NewContext(printer);
-    if (context != nullptr && !(LoadPrinter(context, record) && LoadPrinterData(context))) {
-        ReleaseDriverContext(context);
+    OwnedContext context(NewContext(printer));
+    if (!context || !LoadPrinter(context.get(), record) || !LoadPrinterData(context.get())) {
         return nullptr;
     }
-    return context;
+    return context.release();
 }
 
 void ReleaseDriverContext(DriverContext* context) {

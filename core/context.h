@@ -7,6 +7,7 @@
 #include "core/printer_data.h"
 
 #include <cstddef>
+#include <memory>
 
 constexpr size_t kPageSlots = 10;
 
@@ -50,5 +51,12 @@ DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record);
 
 /// Destroys the context's heap; null is nothing to do.
 void ReleaseDriverContext(DriverContext* context);
+
+struct ContextReleaser {
+    void operator()(DriverContext* context) const { ReleaseDriverContext(context); }
+};
+/// A context owned by a scope. A sheet's context goes with the sheet and is released on its own
+/// reason instead.
+using OwnedContext = std::unique_ptr<DriverContext, ContextReleaser>;
 
 bool IsValidDriverContext(const DriverContext* context);

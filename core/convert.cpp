@@ -1,7 +1,7 @@
 // The spooler's conversion requests.
 #include "core/driver_ui_contract.h"
 #include "core/merge.h"
-#include "core/owners.h"
+#include "core/printer_data.h"
 
 namespace {
 
@@ -52,21 +52,6 @@ BOOL ConvertTo351(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
     }
     *size = kNeeded;
     return TRUE;
-}
-
-// Gives none unless asking without a buffer fails for want of one, as the contract has it.
-GlobalBlock<DRIVER_INFO_2W> GetDriverInfo2(HANDLE printer) {
-    DWORD size = 0;
-    if (GetPrinterDriverW(printer, nullptr, 2, nullptr, 0, &size) ||
-        GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
-        return {};
-    }
-    auto info = GlobalBlock<DRIVER_INFO_2W>::Allocate(size);
-    if (!info ||
-        !GetPrinterDriverW(printer, nullptr, 2, reinterpret_cast<BYTE*>(info.get()), size, &size)) {
-        return {};
-    }
-    return info;
 }
 
 BOOL BuildForPrinter(WCHAR* printerName, DEVMODEW* output, LONG* size) {

@@ -4,16 +4,35 @@
 #include <algorithm>
 #include <cstring>
 
-GlobalBlock<PRINTER_INFO_2W> GetPrinterInfo2(HANDLE printer) {
+namespace {
+
+// Information of the spooler's, asked for its size and then itself by `ask` (buffer, size, needed).
+// None unless asking without a buffer fails for want of one, as the contract has it.
+template <typename Info, typename Ask>
+GlobalBlock<Info> AskTwice(Ask ask) {
     DWORD size = 0;
-    if (GetPrinterW(printer, 2, nullptr, 0, &size) || GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
+    if (ask(nullptr, 0, &size) || GetLastError() != ERROR_INSUFFICIENT_BUFFER) {
         return {};
     }
-    auto info = GlobalBlock<PRINTER_INFO_2W>::Allocate(size);
-    if (!info || !GetPrinterW(printer, 2, reinterpret_cast<BYTE*>(info.get()), size, &size)) {
+    auto info = GlobalBlock<Info>::Allocate(size);
+    if (!info || !ask(reinterpret_cast<BYTE*>(info.get()), size, &size)) {
         return {};
     }
     return info;
+}
+
+}  // namespace
+
+GlobalBlock<PRINTER_INFO_2W> GetPrinterInfo2(HANDLE printer) {
+    return AskTwice<PRINTER_INFO_2W>([=](BYTE* buffer, DWORD size, DWORD* needed) {
+        return GetPrinterW(printer, 2, buffer, size, needed);
+    });
+}
+
+GlobalBlock<DRIVER_INFO_2W> GetDriverInfo2(HANDLE printer) {
+    return AskTwice<DRIVER_INFO_2W>([=](BYTE* buffer, DWORD size, DWORD* needed) {
+        return GetPrinterDriverW(printer, nullptr, 2, buffer, size, needed);
+    });
 }
 
 namespace {
@@ -76,10 +95,14 @@ GlobalBlock<BYTE> ReadPrinterBlob(HANDLE printer, DWORD* size, PrinterBlobIndex 
     return data;
 }
 
+bool WritePrinterNumber(HANDLE printer, const WCHAR* name, DWORD type, DWORD number) {
+    return SetPrinterDataW(printer, Writable(name), type, reinterpret_cast<BYTE*>(&number),
+                           sizeof(number)) == ERROR_SUCCESS;
+}
+
 bool WritePrinterBlob(HANDLE printer, const void* data, DWORD size, PrinterBlobIndex index) {
     const PrinterBlobName& names = PrinterBlobNames[index];
-    return SetPrinterDataW(printer, Writable(names.SizeValue), REG_DWORD,
-                           reinterpret_cast<BYTE*>(&size), sizeof(size)) == ERROR_SUCCESS &&
+    return WritePrinterNumber(printer, names.SizeValue, REG_DWORD, size) &&
            SetPrinterDataW(printer, Writable(names.DataValue), REG_BINARY,
                            static_cast<BYTE*>(const_cast<void*>(data)), size) == ERROR_SUCCESS;
 }
@@ -93,6 +116,17 @@ bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record) {
     *record = {};
     std::memcpy(record, stored.get(), std::min<size_t>(size, sizeof(*record)));
     return true;
+}
+
+bool ReadOrBuildPrinterData(HANDLE printer, PrinterDataRecord* record) {
+    if (ReadPrinterData(printer, record)) {
+        return true;
+    }
+    const auto built = BuildDefaultPrinterData(printer);
+    if (built) {
+        *record = *built;
+    }
+    return static_cast<bool>(built);
 }
 
 GlobalBlock<PrinterDataRecord> BuildDefaultPrinterData(HANDLE printer) {

@@ -43,6 +43,9 @@ GlobalBlock<PrinterDataRecord> BuildDefaultPrinterData(HANDLE printer);
 /// there is none, or one too short for the fields before RecordReserved.
 bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record);
 
+/// The stored record, or else the default one; false when neither can be had.
+bool ReadOrBuildPrinterData(HANDLE printer, PrinterDataRecord* record);
+
 // ---- Sized values -----------------------------------------------------------------------------
 // Each is a pair of printer-data values: its size (REG_DWORD) and its bytes (REG_BINARY).
 
@@ -55,6 +58,9 @@ constexpr DWORD kMaxBlobSize = 0x100000;
 /// value is missing or of another type, the size is 0 or above kMaxBlobSize, or the two disagree.
 GlobalBlock<BYTE> ReadPrinterBlob(HANDLE printer, DWORD* size, PrinterBlobIndex index);
 
+/// Stores a 32-bit number as a value of that type; false when it cannot be written.
+bool WritePrinterNumber(HANDLE printer, const WCHAR* name, DWORD type, DWORD number);
+
 /// Stores a sized value; false when either write fails, and then the second is not tried.
 bool WritePrinterBlob(HANDLE printer, const void* data, DWORD size, PrinterBlobIndex index);
 
@@ -63,6 +69,9 @@ bool WritePrinterBlob(HANDLE printer, const void* data, DWORD size, PrinterBlobI
 /// Gives the spooler's level-2 information, which the strings and the default record it names lie
 /// behind. Two round trips to the spooler.
 GlobalBlock<PRINTER_INFO_2W> GetPrinterInfo2(HANDLE printer);
+
+/// Gives the spooler's level-2 information about the printer's driver, whose name is the model's.
+GlobalBlock<DRIVER_INFO_2W> GetDriverInfo2(HANDLE printer);
 
 /// 1 where the user's country measures in millimetres, 0 in North America and the countries whose
 /// telephone codes begin with 5, and when the locale cannot be read.

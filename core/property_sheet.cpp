@@ -22,8 +22,8 @@ LONG NonInteractiveDocumentProperties(const DOCUMENTPROPERTYHEADER& header) {
     }
     // Read first: the input record may be the same buffer, and the context may fill that in place.
     const bool asksForOrientation = AsksForOrientation(header);
-    DriverContext* context = CreateDriverContext(header.hPrinter, header.pdmIn);
-    if (context == nullptr) {
+    const OwnedContext context(CreateDriverContext(header.hPrinter, header.pdmIn));
+    if (!context) {
         return kFailed;
     }
     if ((header.fMode & (DM_UPDATE | DM_COPY)) != 0) {
@@ -33,7 +33,6 @@ LONG NonInteractiveDocumentProperties(const DOCUMENTPROPERTYHEADER& header) {
         }
         CopyDevModeOut(&working, header.pdmIn, header.pdmOut);
     }
-    ReleaseDriverContext(context);
     return 1;
 }
 

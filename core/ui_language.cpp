@@ -3,8 +3,6 @@
 
 namespace {
 
-constexpr WORD kAnySublanguage = 0;
-
 struct LanguageRow {
     WORD Primary;
     WORD Sublanguage;
@@ -29,8 +27,7 @@ constexpr LanguageRow kLanguages[] = {
 
 int UiLanguageIndex(LANGID language) {
     for (const LanguageRow& row : kLanguages) {
-        if (row.Primary == PRIMARYLANGID(language) &&
-            (row.Sublanguage == kAnySublanguage || row.Sublanguage == SUBLANGID(language))) {
+        if (IsLanguage(language, row.Primary, row.Sublanguage)) {
             return row.Index;
         }
     }

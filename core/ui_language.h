@@ -8,6 +8,14 @@
 /// 1 any other, Chinese of other places included.
 int UiLanguageIndex(LANGID language);
 
+/// True when the UI language is that primary language and, unless kAnySublanguage is asked for,
+/// that sub-language.
+constexpr WORD kAnySublanguage = 0;
+constexpr bool IsLanguage(LANGID language, WORD primary, WORD sublanguage) {
+    return PRIMARYLANGID(language) == primary &&
+           (sublanguage == kAnySublanguage || SUBLANGID(language) == sublanguage);
+}
+
 constexpr int kTraditionalChinese = 2;
 constexpr int kSimplifiedChinese = 3;
 constexpr int kJapanese = 8;

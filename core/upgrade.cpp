@@ -1,17 +1,11 @@
 // Bringing printer data stored by an earlier driver to the current format.
 #include "core/driver_ui_contract.h"
-#include "core/owners.h"
 #include "core/printer_data.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
-
-void WritePrinterValue(HANDLE printer, const WCHAR* name, DWORD type, DWORD value) {
-    SetPrinterDataW(printer, const_cast<WCHAR*>(name), type, reinterpret_cast<BYTE*>(&value),
-                    sizeof(value));
-}
 
 // What an earlier driver stored, as much of it as it said it had filled.
 PrinterDataRecord UpgradedRecord(const PrinterDataRecord& old) {
@@ -24,20 +18,16 @@ PrinterDataRecord UpgradedRecord(const PrinterDataRecord& old) {
 
 bool UpgradePrinterData(HANDLE printer) {
     PrinterDataRecord record;
-    if (!ReadPrinterData(printer, &record)) {
-        const auto built = BuildDefaultPrinterData(printer);
-        if (!built) {
-            return false;
-        }
-        record = *built;
+    if (!ReadOrBuildPrinterData(printer, &record)) {
+        return false;
     }
     if (record.RecordVersion < kPrinterDataVersion) {
         record = UpgradedRecord(record);
     }
     // Best effort: a value that cannot be written is rebuilt from its default when it is next read.
-    WritePrinterValue(printer, TEXT("FreeMem"), REG_DWORD, record.FreeMemory / 1024);
-    WritePrinterValue(printer, TEXT("PrinterHT"), REG_BINARY,
-                      (record.DataFlags & kPrinterHalftone) != 0 ? 1 : 0);
+    WritePrinterNumber(printer, TEXT("FreeMem"), REG_DWORD, record.FreeMemory / 1024);
+    WritePrinterNumber(printer, TEXT("PrinterHT"), REG_BINARY,
+                       (record.DataFlags & kPrinterHalftone) != 0 ? 1 : 0);
     WritePrinterBlob(printer, &record, sizeof(record), kPrinterDataBlob);
     return true;
 }

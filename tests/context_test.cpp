@@ -3,17 +3,11 @@
 #include "driver_test.h"
 
 #include <cstring>
-#include <memory>
 
 namespace test {
 namespace {
 
 class ContextTest : public DriverTest {};
-
-struct Release {
-    void operator()(DriverContext* context) const { ReleaseDriverContext(context); }
-};
-using OwnedContext = std::unique_ptr<DriverContext, Release>;
 
 TEST_F(ContextTest, ModelFlagsComeFromPartsOfTheName) {
     const struct {

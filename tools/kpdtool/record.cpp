@@ -6,14 +6,9 @@
 #include "tool_error.h"
 
 #include <algorithm>
-#include <memory>
 
 namespace kpdtool {
 namespace {
-
-struct ReleaseContext {
-    void operator()(DriverContext* context) const { ReleaseDriverContext(context); }
-};
 
 // The working record of a driver context for the printer, with the incoming record's settings.
 StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
@@ -21,7 +16,7 @@ StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
     if (!options.in.empty()) {
         incoming = WorkingBuffer(ReadRecordFile(options.in));
     }
-    const std::unique_ptr<DriverContext, ReleaseContext> context(
+    const OwnedContext context(
         CreateDriverContext(printer, incoming.empty() ? nullptr : RecordIn(incoming)));
     if (!context) {
         throw ToolError((options.in.empty() ? options.printer : options.in) +

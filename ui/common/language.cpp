@@ -1,6 +1,8 @@
 // The choice of the language file and the lookups in it.
 #include "ui/common/language.h"
 
+#include "core/ui_language.h"
+
 #include <strsafe.h>
 
 #include <cstring>
@@ -9,8 +11,6 @@ WCHAR LanguageFilePath[kTextLength];
 WCHAR CurrentSection[kTextLength];
 
 namespace {
-
-constexpr WORD kAnySublanguage = 0;
 
 struct LanguageFile {
     WORD Primary;
@@ -37,8 +37,7 @@ constexpr LanguageFile kLanguageFiles[] = {
 
 const WCHAR* StemOf(LANGID language) {
     for (const LanguageFile& file : kLanguageFiles) {
-        if (file.Primary == PRIMARYLANGID(language) &&
-            (file.Sublanguage == kAnySublanguage || file.Sublanguage == SUBLANGID(language))) {
+        if (IsLanguage(language, file.Primary, file.Sublanguage)) {
             return file.Stem;
         }
     }
