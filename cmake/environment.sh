@@ -1,8 +1,9 @@
 # Sourced by run, test and the continuous integration: installs what is missing, builds a preset,
 # runs a Windows program under Wine. All of it does nothing that is done already.
 
-native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev"
-sanitizer_packages="libclang-rt-14-dev llvm"
+native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev
+    libfreetype-dev libpng-dev llvm fonts-wine fonts-vlgothic"
+sanitizer_packages="libclang-rt-14-dev"
 windows_packages="g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth"
 
 # Installs those of the packages named that are not there.
@@ -39,7 +40,10 @@ run_windows() {
     shift
     if [ ! -f "$WINEPREFIX/system.reg" ]; then
         wineboot --init >/dev/null 2>&1
+        # Windows draws its frames itself and does not wait for a window manager, which is not there.
+        wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
         wineserver --wait
+        cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     fi
     env LC_ALL="$language.UTF-8" wine "$@"
 }
@@ -50,7 +54,7 @@ prepare_windows() {
         exec xvfb-run -a -s "-screen 0 1280x1024x24" "./$(basename "$0")" "$@"
     fi
     mkdir -p build/wine
-    export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml=
+    export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;compstui=n,b"
     wineserver --kill || true
     trap 'wineserver --kill || true' EXIT
 }

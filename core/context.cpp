@@ -63,6 +63,19 @@ void SetModelFlags(DriverContext* context) {
     }
 }
 
+// The memory of a whole context is there; a heap gives it in one piece of the address space.
+bool IsReadable(const DriverContext* context) {
+    MEMORY_BASIC_INFORMATION memory = {};
+    if (reinterpret_cast<ULONG_PTR>(context) % alignof(DriverContext) != 0 ||
+        VirtualQuery(context, &memory, sizeof(memory)) == 0 || memory.State != MEM_COMMIT ||
+        (memory.Protect & (PAGE_NOACCESS | PAGE_GUARD)) != 0) {
+        return false;
+    }
+    const auto* end = static_cast<const BYTE*>(memory.BaseAddress) + memory.RegionSize;
+    return end - reinterpret_cast<const BYTE*>(context) >=
+           static_cast<ptrdiff_t>(sizeof(DriverContext));
+}
+
 // Fills in place a record that an application zeroed or built without a driver version.
 void FillUnversionedRecord(DEVMODEW* record, const DevModeRecord& working) {
     if (record->dmDriverVersion == 0) {
@@ -120,10 +133,13 @@ DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record) {
 
 void ReleaseDriverContext(DriverContext* context) {
     if (context != nullptr) {
+        context->SelfCheck = context->SelfCheckTail = nullptr;  // for who kept the address
         HeapDestroy(context->Heap);
     }
 }
 
+// A sheet's user data is not always ours: it may be null, a number, or another library's record.
 bool IsValidDriverContext(const DriverContext* context) {
-    return context != nullptr && context->SelfCheck == context && context->SelfCheckTail == context;
+    return IsReadable(context) && context->SelfCheck == context &&
+           context->SelfCheckTail == context;
 }

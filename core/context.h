@@ -9,7 +9,20 @@
 #include <cstddef>
 #include <memory>
 
-constexpr size_t kPageSlots = 10;
+/// The pages in the order of their slots, which is the order of their tabs.
+enum PageSlot {
+    kDeviceOptionsSlot,
+    kPrintingAreaSlot,
+    kColorSlot,
+    kToolsSlot,
+    kHeatingEnergySlot,
+    kMagneticEncodingSlot,
+    kImportExportSlot,
+    kLaminationSlot,
+    kRewriteSlot,
+    kAboutSlot,
+    kPageSlots
+};
 
 /// Lives in its own private heap together with its two names; destroying the heap ends it. Valid
 /// only while its first and last member hold its own address.
@@ -21,9 +34,9 @@ struct DriverContext {
     HANDLE ComPropSheetHandle;
     WCHAR* ModelName;  ///< the printer's driver name, which is the name of the model
     PrinterDataRecord PrinterDataCopy;
-    DevModeRecord WorkingDevMode;  ///< pages read and change it in place
-    HANDLE PageHandles[kPageSlots];
-    WCHAR* PrinterName;  ///< null when memory was short
+    DevModeRecord WorkingDevMode;    ///< pages read and change it in place
+    HANDLE PageHandles[kPageSlots];  ///< of the sheet; null while a page is not in it
+    WCHAR* PrinterName;              ///< null when memory was short
 
     // Model and port flags, each 0 or 1.
     DWORD IsRemotePrinter;  ///< a network printer, or a port on a server
@@ -59,4 +72,5 @@ struct ContextReleaser {
 /// reason instead.
 using OwnedContext = std::unique_ptr<DriverContext, ContextReleaser>;
 
+/// True for a living context, false for any other address, readable or not.
 bool IsValidDriverContext(const DriverContext* context);

@@ -17,6 +17,12 @@
 #define DM_NOPERMISSION 0x20
 #endif
 
+// Flag of a DEVICEPROPERTYHEADER: the user may look at the printer's properties and not change
+// them.
+#ifndef DPS_NOPERMISSION
+#define DPS_NOPERMISSION 1
+#endif
+
 // Modes of DrvConvertDevMode.
 #ifndef CDM_CONVERT
 #define CDM_CONVERT 1
@@ -50,6 +56,16 @@ static_assert(offsetof(DOCUMENTPROPERTYHEADER, pdmOut) == 32);
 static_assert(offsetof(DOCUMENTPROPERTYHEADER, cbOut) == 40);
 static_assert(offsetof(DOCUMENTPROPERTYHEADER, fMode) == 44);
 
+struct DEVICEPROPERTYHEADER {
+    WORD cbSize;            //  0
+    WORD Flags;             //  2
+    HANDLE hPrinter;        //  8
+    LPWSTR pszPrinterName;  // 16
+};
+static_assert(sizeof(DEVICEPROPERTYHEADER) == 24);
+static_assert(offsetof(DEVICEPROPERTYHEADER, hPrinter) == 8);
+static_assert(offsetof(DEVICEPROPERTYHEADER, pszPrinterName) == 16);
+
 struct DEVQUERYPRINT_INFO {
     WORD cbSize;         //  0
     WORD Level;          //  2
@@ -79,10 +95,19 @@ static_assert(offsetof(PROPSHEETUI_INFO, Result) == 40);
 
 extern "C" {
 
-/// Answers for a document's settings. Without sheet information `parameter` is the
-/// DOCUMENTPROPERTYHEADER, and nothing is ever shown: gives 584 when the header's mode is 0, 1 when
-/// done, the header's cbOut (set to 584) when there is no output record, -1 on failure.
+/// The document sheet's function: called with each reason of the common property sheet library;
+/// gives 1 or -1. The sheet's user data is its DriverContext from INIT to DESTROY.
+/// Without sheet information `parameter` is the DOCUMENTPROPERTYHEADER, and nothing is ever shown:
+/// gives 584 when the header's mode is 0, 1 when done, the header's cbOut (set to 584) when there
+/// is no output record, -1 on failure.
 LONG WINAPI DrvDocumentPropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
+
+/// The printer sheet's function; gives 1 or -1.
+LONG WINAPI DrvDevicePropertySheets(PPROPSHEETUI_INFO info, LPARAM parameter);
+
+/// Shows the printer's properties. Gives FALSE when the user cancels. To learn whether the user may
+/// change the printer it writes the printer-data value "Permission", which stays.
+BOOL WINAPI PrinterProperties(HWND window, HANDLE printer);
 
 /// Gives 584 when `mode` is 0 or there is no output record, else 1 (accepted), 2 (cancelled) or a
 /// negative failure value, -87 for a missing printer handle.

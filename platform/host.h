@@ -5,6 +5,7 @@
 #include <windows.h>
 #include <winspool.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -36,6 +37,14 @@ void SetCountry(int code);
 /// What GetACP gives and CP_ACP means.
 void SetCodePage(UINT codePage);
 
+/// A text asked for in a profile file; every one since Reset, found or not.
+struct ProfileLookup {
+    WideString file;
+    WideString section;
+    WideString key;
+};
+const std::vector<ProfileLookup>& ProfileLookups();
+
 // ---- Environment ------------------------------------------------------------------------------
 
 void SetEnvironment(const WideString& name, const WideString& value);
@@ -63,11 +72,81 @@ struct MessageBox {
     bool hasOwner;
 };
 const std::vector<MessageBox>& MessageBoxes();
+/// What the next message box gives, in order; without an order its default button.
+void AnswerMessageBox(int button);
+
+struct FileDialog {
+    bool save;
+    WideString title;
+    WideString filter;  ///< with its separating zeros
+    WideString initialFile;
+    DWORD flags;
+};
+const std::vector<FileDialog>& FileDialogs();
+/// What the user types into the next file dialog before pressing OK, in order; empty is Cancel. A
+/// file dialog without an order stops the program.
+void AnswerFileDialog(const WideString& path);
+
+/// A document or program opened through the shell.
+struct ShellCall {
+    WideString verb;
+    WideString file;
+    WideString parameters;
+    WideString folder;
+    int show;
+};
+const std::vector<ShellCall>& ShellCalls();
+
+// ---- Pictures and printed documents -----------------------------------------------------------
+
+/// Rows of pixels, the top row first, each 0x00RRGGBB.
+struct Picture {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels;
+
+    std::uint32_t At(int x, int y) const {
+        return pixels[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
+    }
+};
+/// Writes a PNG file. False when it cannot be written.
+bool WritePng(const std::filesystem::path& path, const Picture& picture);
+
+struct PrintedDocument {
+    WideString printer;
+    WideString name;
+    std::vector<BYTE> record;  ///< the device mode record the context was made with
+    std::vector<Picture> pages;
+    bool ended;  ///< EndDoc came; not when aborted
+};
+const std::vector<PrintedDocument>& PrintedDocuments();
+
+// ---- Resources --------------------------------------------------------------------------------
+
+/// Adds a compiled resource file, which must stay in memory; every module handle finds what is in
+/// any of them. Not forgotten by Reset.
+void AddResources(const void* bytes, size_t size);
 
 // ---- Faults and counts ------------------------------------------------------------------------
 
 /// Kinds of platform calls that can be counted and made to fail.
-enum class Call { kHeap, kGlobal, kModule, kFile, kProfile, kLocale, kRegistry, kSpooler };
+enum class Call {
+    kHeap,
+    kGlobal,
+    kModule,
+    kFile,
+    kProfile,
+    kLocale,
+    kRegistry,
+    kSpooler,
+    kWindow,    ///< creating a window, dialog or menu
+    kDrawing,   ///< creating a device context, bitmap, brush, pen or font
+    kResource,  ///< finding and loading a resource
+    kPrinting,  ///< beginning and ending documents and pages
+    kSheet,     ///< creating a property sheet page or sheet
+    kShell,
+    kCount
+};
 
 /// Makes the n-th call of that kind from now (1 is the next) fail with the last error given, once.
 /// 0 takes the order back.
@@ -84,6 +163,11 @@ struct Holdings {
     unsigned searches;
     unsigned keys;
     unsigned printers;
+    unsigned windows;
+    unsigned menus;
+    unsigned contexts;        ///< device contexts, those of GetDC and BeginPaint among them
+    unsigned drawingObjects;  ///< bitmaps, brushes, pens, fonts, icons; not those of the system
+    unsigned sheetPages;      ///< pages created and not given to a sheet, which then owns them
     bool operator==(const Holdings&) const = default;
 };
 Holdings CurrentHoldings();

@@ -259,7 +259,7 @@ TEST_F(KpdtoolTest, UsageErrors) {
         EXPECT_EQ(outcome.status, 2);
         EXPECT_EQ(outcome.out, "");
     }
-    for (const char* command : {"caps", "record", "show", "diff", "convert", "layout"}) {
+    for (const char* command : {"caps", "record", "show", "diff", "convert", "sheet", "layout"}) {
         const Outcome help = Kpdtool({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_NE(help.out.find("Example:\n  kpdtool " + std::string(command)), std::string::npos);
@@ -362,6 +362,59 @@ TEST_F(KpdtoolTest, Conversions) {
         } else {
             EXPECT_EQ(json["lastError"], c.error);
         }
+    }
+}
+
+TEST_F(KpdtoolTest, SheetTellsWhatChangedAndTakesPictures) {
+    DevModeRecord input = DefaultRecord();
+    input.Public.dmCopies = 7;
+    const std::string in = Store("in.dm", input);
+    const std::string script = Store("a.sheet", std::string("expect field dmCopies 7\n"
+                                                            "page \"About\"\nprint controls\n"));
+    const std::string out = Path("out.dm");
+    const Outcome whole = Kpdtool({"sheet", "--in", in, "--script", script, "--out", out,
+                                   "--pictures", Path("pages"), "--json"});
+    ASSERT_EQ(whole.status, 0) << whole.err;
+    const Json json = Json::parse(whole.out);
+    EXPECT_EQ(json["accepted"], true);
+    EXPECT_EQ(json["pictures"].size(), 8u);
+    EXPECT_EQ(json["pictures"][6], "import-export.png");
+    EXPECT_TRUE(json["printed"].get<std::string>().starts_with("About\n")) << json["printed"];
+    EXPECT_TRUE(Stored("pages/import-export.png").starts_with("\x89PNG"));
+    EXPECT_EQ(FieldOf(Json::parse(Kpdtool({"show", out, "--json"}).out), "dmCopies")["value"], 7);
+    EXPECT_FALSE(PrinterExists(TEXT("kpdtool"))) << "not removed";
+
+    // What ends otherwise, and leaves no record.
+    const struct {
+        std::string lines;
+        std::vector<std::string> arguments;
+        int status;
+        std::string text;
+    } cases[] = {
+        {"cancel", {}, 0, "Cancelled.\n"},
+        {"ok", {}, 0, "Accepted; the record is the same.\n"},
+        {"page \"About\"\nexpect field dmCopies 8",
+         {},
+         1,
+         "b.sheet:2: expected dmCopies to be 8; it is 1\n"},
+        {"page \"Tools\"",
+         {"--remote"},
+         2,
+         "b.sheet:1: there is no page \"Tools\"; pages are \"Device Option\", "},
+        {"wait", {}, 2, "b.sheet:1: 'wait' is no step"},
+        {"ok", {"--in", Path("none.dm")}, 2, "none.dm: there is no such file"},
+        {"ok", {"--package", Path("none")}, 2, "none: copying the driver package: "},
+    };
+    for (const auto& c : cases) {
+        std::filesystem::remove(out);
+        std::vector<std::string> arguments = {"sheet", "--out", out, "--script",
+                                              Store("b.sheet", c.lines)};
+        arguments.insert(arguments.end(), c.arguments.begin(), c.arguments.end());
+        const Outcome outcome = Kpdtool(arguments);
+        SCOPED_TRACE(outcome.out + outcome.err);
+        EXPECT_EQ(outcome.status, c.status);
+        EXPECT_NE((outcome.out + outcome.err).find(c.text), std::string::npos);
+        EXPECT_EQ(std::filesystem::exists(out), c.lines == "ok" && c.status == 0);
     }
 }
 

@@ -50,6 +50,24 @@ using LPWIN32_FIND_DATAW = WIN32_FIND_DATAW*;
 struct SECURITY_ATTRIBUTES;
 struct OVERLAPPED;
 
+#define MEM_COMMIT 0x00001000
+#define MEM_FREE 0x00010000
+#define PAGE_NOACCESS 0x01
+#define PAGE_READONLY 0x02
+#define PAGE_READWRITE 0x04
+#define PAGE_GUARD 0x100
+
+struct MEMORY_BASIC_INFORMATION {
+    PVOID BaseAddress;
+    PVOID AllocationBase;
+    DWORD AllocationProtect;
+    WORD PartitionId;
+    SIZE_T RegionSize;
+    DWORD State;
+    DWORD Protect;
+    DWORD Type;
+};
+
 extern "C" {
 DWORD WINAPI GetLastError(void);
 void WINAPI SetLastError(DWORD error);
@@ -60,11 +78,23 @@ LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size);
 BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block);
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
 HGLOBAL WINAPI GlobalFree(HGLOBAL block);
+/// Describes the pages of equal rights from the one that holds the address on. Gives the bytes
+/// written, 0 for an address that no program can have.
+SIZE_T WINAPI VirtualQuery(LPCVOID address, MEMORY_BASIC_INFORMATION* memory, SIZE_T size);
 
 HMODULE WINAPI LoadLibraryW(LPCWSTR path);
 HMODULE WINAPI LoadLibraryA(LPCSTR path);
 BOOL WINAPI FreeLibrary(HMODULE module);
 FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);
+HMODULE WINAPI GetModuleHandleW(LPCWSTR name);
+HRSRC WINAPI FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
+HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
+LPVOID WINAPI LockResource(HGLOBAL resource);
+DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
+DWORD WINAPI GetCurrentThreadId(void);
+DWORD WINAPI GetCurrentProcessId(void);
+DWORD WINAPI GetTickCount(void);
+int WINAPI MulDiv(int number, int numerator, int denominator);
 
 HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
                           DWORD disposition, DWORD attributes, HANDLE templateFile);

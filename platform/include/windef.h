@@ -2,8 +2,10 @@
 // signs as on 64-bit Windows, with WCHAR as char16_t.
 #pragma once
 
+#ifndef RC_INVOKED  // the resource compiler takes the names of numbers only
 #include <cstddef>
 #include <cstdint>
+#endif
 
 #define WINAPI
 #define CALLBACK
@@ -23,9 +25,12 @@ using LONG = std::int32_t;
 using ULONG = std::uint32_t;
 using INT = int;
 using UINT = unsigned int;
+using USHORT = std::uint16_t;
 using BOOL = int;
+using LONGLONG = std::int64_t;
 using DWORDLONG = std::uint64_t;
 using ULONG_PTR = std::uintptr_t;
+using UINT_PTR = std::uintptr_t;
 using DWORD_PTR = std::uintptr_t;
 using LONG_PTR = std::intptr_t;
 using INT_PTR = std::intptr_t;
@@ -44,6 +49,7 @@ using LPDWORD = DWORD*;
 using PDWORD = DWORD*;
 using PULONG = ULONG*;
 using LPBOOL = BOOL*;
+using LPINT = int*;
 using PVOID = void*;
 using LPVOID = void*;
 using LPCVOID = const void*;
@@ -57,7 +63,19 @@ DECLARE_HANDLE(HINSTANCE);
 DECLARE_HANDLE(HWND);
 DECLARE_HANDLE(HICON);
 DECLARE_HANDLE(HKEY);
+DECLARE_HANDLE(HMENU);
+DECLARE_HANDLE(HDC);
+DECLARE_HANDLE(HBITMAP);
+DECLARE_HANDLE(HBRUSH);
+DECLARE_HANDLE(HPEN);
+DECLARE_HANDLE(HFONT);
+DECLARE_HANDLE(HRGN);
+DECLARE_HANDLE(HRSRC);
+using HGDIOBJ = void*;
 using HMODULE = HINSTANCE;
+using HCURSOR = HICON;
+using ATOM = WORD;
+using COLORREF = DWORD;
 using LPHANDLE = HANDLE*;
 using PHKEY = HKEY*;
 using FARPROC = INT_PTR(WINAPI*)();
@@ -65,6 +83,34 @@ using FARPROC = INT_PTR(WINAPI*)();
 #define CONST const
 #define VOID void
 #define TEXT(text) u##text
+#define MAKEWORD(a, b) ((WORD)(((BYTE)(a)) | ((WORD)((BYTE)(b))) << 8))
+#define LOBYTE(w) ((BYTE)((DWORD_PTR)(w)&0xff))
+#define HIBYTE(w) ((BYTE)(((DWORD_PTR)(w) >> 8) & 0xff))
+#define MAKEWPARAM(a, b) ((WPARAM)(DWORD)MAKELONG(a, b))
+#define MAKELPARAM(a, b) ((LPARAM)(DWORD)MAKELONG(a, b))
+#define MAKELRESULT(a, b) ((LRESULT)(DWORD)MAKELONG(a, b))
 #define LOWORD(l) ((WORD)((DWORD_PTR)(l)&0xffff))
 #define HIWORD(l) ((WORD)(((DWORD_PTR)(l) >> 16) & 0xffff))
 #define MAKELONG(a, b) ((LONG)(((WORD)(a)) | ((DWORD)((WORD)(b))) << 16))
+
+struct POINT {
+    LONG x;
+    LONG y;
+};
+using LPPOINT = POINT*;
+
+struct SIZE {
+    LONG cx;
+    LONG cy;
+};
+using LPSIZE = SIZE*;
+
+struct RECT {
+    LONG left;
+    LONG top;
+    LONG right;
+    LONG bottom;
+};
+using PRECT = RECT*;
+using LPRECT = RECT*;
+using LPCRECT = const RECT*;

@@ -18,7 +18,6 @@ namespace {
 
 using host::WideString;
 
-
 constexpr WCHAR kWindowsDirectory[] = TEXT("C:\\Windows");
 constexpr WCHAR kSystemDirectory[] = TEXT("C:\\Windows\\system32");
 constexpr WCHAR kSeparators[] = TEXT("\\/");

@@ -14,8 +14,7 @@ struct CallSwitch {
     unsigned failAt = 0;  // value of count at which the call fails; 0 never
     DWORD error = 0;
 };
-std::array<CallSwitch, 8> switches;
-static_assert(static_cast<unsigned>(Call::kSpooler) == 7, "one switch per kind");
+std::array<CallSwitch, static_cast<size_t>(Call::kCount)> switches;
 
 CallSwitch& SwitchOf(Call kind) {
     return switches[static_cast<size_t>(kind)];
@@ -24,10 +23,18 @@ CallSwitch& SwitchOf(Call kind) {
 }  // namespace
 
 void Reset() {
+    ResetSheets();
+    ResetWindows();
+    ResetMenus();
+    ResetPrinting();
+    ResetDrawing();
+    ResetFileDialogs();
+    ResetShell();
     ResetSpooler();
     ResetRegistry();
     ResetEnvironment();
     ResetLocale();
+    ResetProfile();
     ResetFiles();
     ResetModules();
     ResetMessageBoxes();
@@ -76,8 +83,9 @@ unsigned CallCount(Call kind) {
 }
 
 Holdings CurrentHoldings() {
-    return {HeldHeaps(),    HeldGlobalBlocks(), HeldModules(), HeldFiles(),
-            HeldSearches(), HeldKeys(),         HeldPrinters()};
+    return {HeldHeaps(),    HeldGlobalBlocks(), HeldModules(),        HeldFiles(),
+            HeldSearches(), HeldKeys(),         HeldPrinters(),       HeldWindows(),
+            HeldMenus(),    HeldContexts(),     HeldDrawingObjects(), HeldSheetPages()};
 }
 
 }  // namespace host

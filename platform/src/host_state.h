@@ -64,9 +64,17 @@ void ResetModules();
 void ResetFiles();
 void ResetLocale();
 void ResetEnvironment();
+void ResetProfile();
 void ResetRegistry();
 void ResetSpooler();
 void ResetMessageBoxes();
+void ResetWindows();
+void ResetMenus();
+void ResetDrawing();
+void ResetPrinting();
+void ResetSheets();
+void ResetFileDialogs();
+void ResetShell();
 
 unsigned HeldHeaps();
 unsigned HeldGlobalBlocks();
@@ -75,5 +83,10 @@ unsigned HeldFiles();
 unsigned HeldSearches();
 unsigned HeldKeys();
 unsigned HeldPrinters();
+unsigned HeldWindows();
+unsigned HeldMenus();
+unsigned HeldContexts();
+unsigned HeldDrawingObjects();
+unsigned HeldSheetPages();
 
 }  // namespace host

@@ -1,17 +1,61 @@
-// Libraries loaded while running: a library of the platform's is a real shared object of that name.
+// Libraries loaded while running: a program's library is a real shared object of that name; those
+// of the platform's own that programs load by name are part of the stand-in.
 #include "host_state.h"
 
+#include <algorithm>
 #include <numeric>
 #include <unordered_map>
 
 #include <dlfcn.h>
 #include <link.h>
 
+#include <compstui.h>
+
 namespace {
 
 using host::WideString;
 
 std::unordered_map<void*, unsigned> loads;  // how often each library is held, by its handle
+
+struct OwnFunction {
+    const char* name;
+    void* address;
+};
+
+struct OwnLibrary {
+    const WCHAR* name;  // folded
+    std::vector<OwnFunction> functions;
+
+    void* Handle() const { return const_cast<OwnLibrary*>(this); }
+};
+
+const OwnLibrary kOwnLibraries[] = {
+    {TEXT("COMPSTUI.DLL"),
+     {{"CommonPropertySheetUIW", reinterpret_cast<void*>(CommonPropertySheetUIW)}}},
+};
+
+const OwnLibrary* FindOwnLibrary(void* handle) {
+    const auto* found =
+        std::find_if(std::begin(kOwnLibraries), std::end(kOwnLibraries),
+                     [&](const OwnLibrary& library) { return library.Handle() == handle; });
+    return found == std::end(kOwnLibraries) ? nullptr : found;
+}
+
+void* OwnSymbol(const OwnLibrary& library, const std::string& name) {
+    for (const OwnFunction& function : library.functions) {
+        if (name == function.name) {
+            return function.address;
+        }
+    }
+    return nullptr;
+}
+
+// Lets go of a library once.
+void Unload(void* library) {
+    if (FindOwnLibrary(library) == nullptr) {
+        dlclose(library);
+    }
+}
 
 HMODULE Load(WideString path) {
     if (host::FailsNow(host::Call::kModule)) {
@@ -21,7 +65,13 @@ HMODULE Load(WideString path) {
     if (path.find('.', nameStart) == WideString::npos) {
         path += TEXT(".dll");
     }
-    // Nothing of the platform's own libraries is here, so a bare name finds none.
+    for (const OwnLibrary& library : kOwnLibraries) {
+        if (host::SameText(path, library.name)) {
+            ++loads[library.Handle()];
+            return static_cast<HMODULE>(library.Handle());
+        }
+    }
+    // No folder is searched: any other bare name finds nothing.
     const std::filesystem::path place =
         nameStart == 0 ? std::filesystem::path() : host::DiskPath(path.c_str());
     std::error_code ignored;
@@ -70,7 +120,7 @@ BOOL WINAPI FreeLibrary(HMODULE module) {
     if (it == loads.end()) {
         return host::Fail(module == nullptr ? ERROR_INVALID_HANDLE : ERROR_MOD_NOT_FOUND);
     }
-    dlclose(module);
+    Unload(module);
     if (--it->second == 0) {
         loads.erase(it);
     }
@@ -88,8 +138,9 @@ FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name) {
         SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
-    void* symbol = dlsym(module, name);
-    if (symbol == nullptr || !IsOwnSymbol(module, symbol)) {
+    const OwnLibrary* own = FindOwnLibrary(module);
+    void* symbol = own != nullptr ? OwnSymbol(*own, name) : dlsym(module, name);
+    if (symbol == nullptr || (own == nullptr && !IsOwnSymbol(module, symbol))) {
         SetLastError(ERROR_PROC_NOT_FOUND);
         return nullptr;
     }
@@ -101,7 +152,7 @@ namespace host {
 void ResetModules() {
     for (const auto& [library, count] : loads) {
         for (unsigned i = 0; i < count; ++i) {
-            dlclose(library);
+            Unload(library);
         }
     }
     loads.clear();

@@ -8,6 +8,8 @@
 
 namespace {
 
+std::vector<host::ProfileLookup> lookups;
+
 using host::WideString;
 using View = std::basic_string_view<WCHAR>;
 
@@ -105,6 +107,7 @@ DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defa
     if (section == nullptr || key == nullptr || path == nullptr) {
         host::Unsupported("GetPrivateProfileStringW without a section, a key or a file");
     }
+    lookups.push_back({path, section, key});
     if (!host::FailsNow(host::Call::kProfile)) {
         const WideString text = Load(path);
         if (const auto value = FindValue(text, Trimmed(section), Trimmed(key))) {
@@ -115,3 +118,15 @@ DWORD WINAPI GetPrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR defa
     const View fallback = defaultValue == nullptr ? View() : View(defaultValue);
     return GiveText(fallback.substr(0, fallback.find_last_not_of(' ') + 1), buffer, length);
 }
+
+namespace host {
+
+const std::vector<ProfileLookup>& ProfileLookups() {
+    return lookups;
+}
+
+void ResetProfile() {
+    lookups.clear();
+}
+
+}  // namespace host

@@ -44,16 +44,16 @@ TEST_F(LibraryTest, ExportsItsEntryPointsUndecorated) {
     for (DWORD i = 0; i < exports->NumberOfNames; ++i) {
         names.insert(At<char>(At<DWORD>(exports->AddressOfNames)[i]));
     }
-    EXPECT_EQ(names,
-              (std::set<std::string>{
-                  "DevQueryPrintEx", "DrvAdvancedDocumentProperties", "DrvConvertDevMode",
-                  "DrvDeviceCapabilities", "DrvDocumentProperties", "DrvDocumentPropertySheets",
-                  "DrvPrinterEvent", "DrvQueryColorProfile", "DrvUpgradePrinter"}));
+    EXPECT_EQ(names, (std::set<std::string>{
+                         "DevQueryPrintEx", "DrvAdvancedDocumentProperties", "DrvConvertDevMode",
+                         "DrvDeviceCapabilities", "DrvDevicePropertySheets",
+                         "DrvDocumentProperties", "DrvDocumentPropertySheets", "DrvPrinterEvent",
+                         "DrvQueryColorProfile", "DrvUpgradePrinter", "PrinterProperties"}));
     EXPECT_EQ(exports->NumberOfFunctions, exports->NumberOfNames);
 }
 
 TEST_F(LibraryTest, ImportsSystemLibrariesOnly) {
-    const std::set<std::string> system = {"kernel32.dll", "user32.dll", "msvcrt.dll",
+    const std::set<std::string> system = {"kernel32.dll", "user32.dll", "shell32.dll", "msvcrt.dll",
                                           "winspool.drv"};
     const auto* import = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT));
     ASSERT_NE(import->Name, 0u);

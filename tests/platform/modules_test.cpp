@@ -27,6 +27,18 @@ TEST_F(ModulesTest, ALoadedLibraryAnswersByName) {
     EXPECT_TRUE(FreeLibrary(library));
 }
 
+TEST_F(ModulesTest, ALibraryOfThePlatformsOwnIsFoundByItsBareName) {
+    HMODULE library = LoadLibraryA("CompStUI.dll");
+    ASSERT_NE(library, nullptr);
+    EXPECT_EQ(LoadLibraryW(TEXT("compstui")), library);
+    EXPECT_NE(GetProcAddress(library, "CommonPropertySheetUIW"), nullptr);
+    SetLastError(ERROR_SUCCESS);
+    EXPECT_EQ(GetProcAddress(library, "commonpropertysheetuiw"), nullptr);
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_PROC_NOT_FOUND});
+    EXPECT_TRUE(FreeLibrary(library));
+    EXPECT_TRUE(FreeLibrary(library));
+}
+
 TEST_F(ModulesTest, WhatIsNoLibraryIsNotLoaded) {
     const WideString text = test::TestFolder() + TEXT("\\text.dll");
     test::WriteBytes(text, "no library, only text");

@@ -1,4 +1,4 @@
-// Adding a printer, as far as it is the same everywhere.
+// Adding a printer and the driver package's files, as far as it is the same everywhere.
 #include "computer.h"
 
 #include "core/device_mode.h"
@@ -13,6 +13,23 @@ std::string InstallPrinter(const PrinterSpec& spec) {
                             spec.name.c_str(), spec.model.c_str());
     }
     return AddToSpooler(complete);
+}
+
+std::string InstallPackage(const std::filesystem::path& package) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path folder = DriverFolder();
+    fs::create_directories(folder, error);
+    for (auto file = fs::recursive_directory_iterator(package, error);
+         !error && file != fs::recursive_directory_iterator(); file.increment(error)) {
+        if (file->is_regular_file() &&
+            !fs::copy_file(file->path(), folder / file->path().filename(),
+                           fs::copy_options::update_existing, error) &&
+            error) {
+            break;
+        }
+    }
+    return error ? package.string() + ": copying the driver package: " + error.message() : "";
 }
 
 }  // namespace computer

@@ -5,8 +5,11 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
+
+#include "core/driver_ui_contract.h"
 
 namespace computer {
 
@@ -14,11 +17,14 @@ using WideString = std::basic_string<WCHAR>;
 
 struct PrinterSpec {
     WideString name;
-    WideString model;  ///< name of the printer's driver
-    WideString port;   ///< empty: a local port
+    WideString model;      ///< name of the printer's driver
+    WideString port = {};  ///< empty: a local port
     /// Device mode record for the spooler to keep as the printer's default. Empty: the driver's own
     /// default for the model, which a spooler asks for when a printer is added.
-    std::vector<BYTE> defaultRecord;
+    std::vector<BYTE> defaultRecord = {};
+    /// A printer of another computer. On the real computer the driver takes it for one by its port,
+    /// which must begin with two backslashes or be empty.
+    bool remote = false;
 };
 
 /// Adds a printer with empty printer data, and its driver when that is missing, or replaces the
@@ -32,6 +38,22 @@ void RemovePrinter(const WideString& name);
 /// Makes this the user's UI language for the driver code linked into this program. Gives an empty
 /// text or the reason why not.
 std::string SetUiLanguage(LANGID language);
+
+/// The driver's entry point as an application finds it when it loads the driver now: natively in
+/// this program, in the Windows build in kpdui.dll beside it, which has the language of the real
+/// user. Gives an empty text or the reason why not.
+using DocumentPropertiesFunction = decltype(&DrvDocumentProperties);
+std::string LoadDriver(DocumentPropertiesFunction* documentProperties);
+
+/// Why nobody can use a sheet shown on this computer; empty when a user can.
+std::string WhyNoUser();
+
+/// The folder on disk where the driver package lies.
+std::filesystem::path DriverFolder();
+
+/// Copies the files of a driver package, those of its subfolders too, into DriverFolder as far as
+/// they are not there or older. Gives an empty text or the reason why not.
+std::string InstallPackage(const std::filesystem::path& package);
 
 /// What differs between the computers: adds the printer with the default record given.
 std::string AddToSpooler(const PrinterSpec& spec);

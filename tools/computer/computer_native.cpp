@@ -1,6 +1,7 @@
 // The computer that the stand-in plays.
 #include "computer.h"
 #include "platform/host.h"
+#include "ui/common/module.h"
 
 namespace computer {
 
@@ -8,6 +9,8 @@ std::string AddToSpooler(const PrinterSpec& spec) {
     host::AddPrinter({.name = spec.name,
                       .model = spec.model,
                       .port = spec.port.empty() ? TEXT("LPT1:") : spec.port,
+                      .attributes = spec.remote ? DWORD{PRINTER_ATTRIBUTE_NETWORK}
+                                                : DWORD{PRINTER_ATTRIBUTE_LOCAL},
                       .defaultRecord = spec.defaultRecord});
     return {};
 }
@@ -19,6 +22,20 @@ void RemovePrinter(const WideString& name) {
 std::string SetUiLanguage(LANGID language) {
     host::SetUiLanguage(language);
     return {};
+}
+
+std::string LoadDriver(DocumentPropertiesFunction* documentProperties) {
+    DllInitialize(GetModuleHandleW(nullptr), DLL_PROCESS_ATTACH, nullptr);
+    *documentProperties = DrvDocumentProperties;
+    return {};
+}
+
+std::string WhyNoUser() {
+    return "nobody can use the sheet here; give it a --script, or --pictures to take";
+}
+
+std::filesystem::path DriverFolder() {
+    return host::DiskPath(TEXT("C:\\Windows\\system32\\spool\\drivers\\x64\\3"));
 }
 
 }  // namespace computer

@@ -5,19 +5,26 @@
 #include <winspool.h>
 
 #include "computer.h"
+#include "ui/common/language.h"
 
 namespace computer {
 namespace {
 
 LANGID chosenLanguage = 0;
 
-LANGID WINAPI ChosenUiLanguage() {
-    if (chosenLanguage != 0) {
-        return chosenLanguage;
-    }
+LANGID RealUiLanguage() {
     const FARPROC own =
         GetProcAddress(GetModuleHandleW(TEXT("kernel32.dll")), "GetUserDefaultUILanguage");
     return reinterpret_cast<LANGID(WINAPI*)()>(reinterpret_cast<void*>(own))();
+}
+
+LANGID WINAPI ChosenUiLanguage() {
+    return chosenLanguage != 0 ? chosenLanguage : RealUiLanguage();
+}
+
+// Of Chinese the countries are languages of their own.
+bool IsSameLanguage(LANGID a, LANGID b) {
+    return PRIMARYLANGID(a) == PRIMARYLANGID(b) && (PRIMARYLANGID(a) != LANG_CHINESE || a == b);
 }
 
 std::string Reason(const char* what) {
@@ -58,15 +65,19 @@ std::string AddToSpooler(const PrinterSpec& spec) {
     if (std::string reason = InstallDriver(spec.model); !reason.empty()) {
         return reason;
     }
+    if (spec.remote && !spec.port.empty() && !spec.port.starts_with(TEXT("\\\\"))) {
+        return "a remote printer's port begins with two backslashes here";
+    }
     RemovePrinter(spec.name);
     PrinterSpec copy = spec;
     WCHAR filePort[] = TEXT("FILE:");
+    WCHAR serverPort[] = TEXT("\\\\server\\cards");
     WCHAR processor[] = TEXT("wineps");
     WCHAR datatype[] = TEXT("RAW");
     PRINTER_INFO_2W info = {};
     info.pPrinterName = copy.name.data();
     info.pDriverName = copy.model.data();
-    info.pPortName = copy.port.empty() ? filePort : copy.port.data();
+    info.pPortName = !copy.port.empty() ? copy.port.data() : copy.remote ? serverPort : filePort;
     info.pPrintProcessor = processor;
     info.pDatatype = datatype;
     info.pDevMode = reinterpret_cast<DEVMODEW*>(copy.defaultRecord.data());
@@ -91,6 +102,30 @@ void RemovePrinter(const WideString& name) {
 std::string SetUiLanguage(LANGID language) {
     chosenLanguage = language;
     return {};
+}
+
+std::string LoadDriver(DocumentPropertiesFunction* documentProperties) {
+    if (!IsSameLanguage(ChosenUiLanguage(), RealUiLanguage())) {
+        return "kpdui.dll takes the user's own language; run this as a user of the other";
+    }
+    InitLanguageFile();
+    HMODULE library = LoadLibraryW(BesideProgram(TEXT("kpdui.dll")).c_str());
+    if (library == nullptr) {
+        return Reason("loading kpdui.dll");
+    }
+    *documentProperties = reinterpret_cast<DocumentPropertiesFunction>(
+        reinterpret_cast<void*>(GetProcAddress(library, "DrvDocumentProperties")));
+    return *documentProperties == nullptr ? Reason("finding DrvDocumentProperties") : "";
+}
+
+std::string WhyNoUser() {
+    return {};
+}
+
+std::filesystem::path DriverFolder() {
+    WCHAR system[MAX_PATH] = {};
+    GetSystemDirectoryW(system, MAX_PATH);
+    return WideString(system) + TEXT("\\spool\\drivers\\x64\\3");
 }
 
 }  // namespace computer

@@ -23,6 +23,13 @@ struct Options {
     DWORD mode = 0;
     std::optional<LONG> size;
     bool json = false;
+    // Of the sheet.
+    std::string port;
+    bool remote = false;
+    std::string sheetLanguage;  ///< empty: the user's as it is
+    std::string script;
+    std::string pictures;
+    std::string package;
 };
 
 int PrintCapabilities(const Options& options, std::ostream& out);
@@ -30,6 +37,7 @@ int BuildRecord(const Options& options, std::ostream& out);
 int ShowRecord(const Options& options, std::ostream& out);
 int CompareRecords(const Options& options, std::ostream& out);
 int ConvertRecord(const Options& options, std::ostream& out);
+int RunSheet(const Options& options, std::ostream& out);
 int PrintLayout(const Options& options, std::ostream& out);
 
 }  // namespace kpdtool

@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include "commands.h"
+#include "script.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
 
@@ -20,7 +21,14 @@ constexpr char kDescription[] =
     R"(Looks into the records of the card-printer driver, and asks the driver.
 A printer that a command needs is added for its length and removed again.)";
 constexpr char kFooter[] = R"(kpdtool COMMAND --help tells more, with an example each.
-Exit status: 0 done, 1 the records differ or the driver said FALSE, 2 it could not be done.)";
+Exit status: 0 done, 1 the records differ, the driver said FALSE or an expectation failed, 2 it
+could not be done.)";
+
+constexpr char kSheetFooter[] =
+    R"(A TEXT, ITEM or CONTROL stands in double quotes, "\"" for one within. A control is named by its
+English text, or a field by the label before it; "Rotate 180"#2 is the second of that text; or by
+its IDC_ name. Answers are for the next message box (yes, no, ...) or file dialog ("a file").
+A script that presses neither ok nor cancel ends with ok. Exit status 1: an expectation failed.)";
 
 /// The tool's arguments as declared, for one run.
 class CommandLine {
@@ -33,6 +41,7 @@ class CommandLine {
         AddShow();
         AddDiff();
         AddConvert();
+        AddSheet();
         AddLayout();
     }
 
@@ -115,6 +124,32 @@ class CommandLine {
         AddPrinter(command);
         command->add_option("--size", options_.size,
                             "Size to pass (default: that of the output record)");
+    }
+    void AddSheet() {
+        CLI::App* command =
+            Add("sheet", "Open the document sheet, do a script's steps, tell what changed",
+                "kpdtool sheet --script tools/samples/tour.sheet --pictures out/pages",
+                kpdtool::RunSheet);
+        command->footer(command->get_footer() + "\nSteps, one a line, # begins a comment:\n" +
+                        kpdtool::ScriptForms() + kSheetFooter);
+        command->add_option("--model", options_.model, "Name of the printer's driver")
+            ->capture_default_str();
+        AddPrinter(command);
+        command->add_option("--port", options_.port, "The printer's port (default: a local one)");
+        command->add_flag("--remote", options_.remote, "It is a printer of another computer");
+        command->add_option(
+            "--language", options_.sheetLanguage,
+            "The user's UI language (default: as it is): " + kpdtool::LanguageTags());
+        command->add_option(
+            "--package", options_.package,
+            "The driver package's folder, for its language files and pictures (default: "
+            "that of the sources)");
+        command->add_option("--in", options_.in,
+                            "The record that the application has (default: the printer's)");
+        AddOut(command);
+        command->add_option("--script", options_.script, "The steps");
+        command->add_option("--pictures", options_.pictures,
+                            "Write a picture of every page to this folder before closing");
     }
     void AddLayout() {
         Add("layout", "Print the layout of the record as docs/record.md has it",

@@ -2,6 +2,7 @@
 #include "stored_record.h"
 
 #include "tool_error.h"
+#include "wide_text.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -22,10 +23,6 @@ WORD WordAt(const std::vector<BYTE>& bytes, size_t offset) {
 
 std::string Count(size_t bytes) {
     return std::to_string(bytes) + (bytes == 1 ? " byte" : " bytes");
-}
-
-fs::path PathOf(const std::string& utf8) {
-    return fs::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
 // A name beside the file that nothing has yet.
@@ -112,7 +109,7 @@ std::vector<BYTE> WorkingBuffer(const StoredRecord& record) {
 }
 
 StoredRecord ReadRecordFile(const std::string& name) {
-    const fs::path path = PathOf(name);
+    const fs::path path = PathFrom(name);
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
@@ -134,7 +131,7 @@ StoredRecord ReadRecordFile(const std::string& name) {
 }
 
 void WriteRecordFile(const std::string& name, Bytes bytes) {
-    const fs::path path = PathOf(name);
+    const fs::path path = PathFrom(name);
     const fs::path part = PartBeside(path);
     std::error_code error;
     if (WriteWhole(part, bytes)) {

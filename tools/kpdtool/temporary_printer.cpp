@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "tool_error.h"
-#include "tools/computer/computer.h"
 #include "wide_text.h"
 
 namespace kpdtool {
@@ -55,13 +54,16 @@ HANDLE Open(WCHAR* name, DWORD access) {
 }  // namespace
 
 TemporaryPrinter::TemporaryPrinter(const std::string& name, const std::string& model)
-    : name_(FromUtf8(name)) {
+    : TemporaryPrinter({.name = FromUtf8(name), .model = FromUtf8(model)}) {}
+
+TemporaryPrinter::TemporaryPrinter(const computer::PrinterSpec& spec) : name_(spec.name) {
+    const std::string name = ToUtf8(spec.name);
     // Adding a printer would replace one of that name, which may be the user's own.
     if (HANDLE existing = Open(Name(), PRINTER_ACCESS_USE)) {
         ClosePrinter(existing);
         throw ToolError(name + ": there is a printer of that name; choose another with --printer");
     }
-    Require(computer::InstallPrinter({name_, FromUtf8(model), {}, {}}));
+    Require(computer::InstallPrinter(spec));
     handle_ = Open(Name(), PRINTER_ALL_ACCESS);
     if (handle_ == nullptr) {
         computer::RemovePrinter(name_);
@@ -76,6 +78,9 @@ TemporaryPrinter::~TemporaryPrinter() {
 
 UiLanguage::UiLanguage(const std::string& tag) : before_(GetUserDefaultUILanguage()) {
     const auto* language = std::ranges::find(kLanguages, tag, &Language::tag);
+    if (language == std::end(kLanguages)) {
+        language = std::ranges::find(kLanguages, tag.substr(0, tag.find('-')), &Language::tag);
+    }
     if (language == std::end(kLanguages)) {
         throw ToolError(tag + ": unknown language; known are " + LanguageTags());
     }

@@ -1,6 +1,8 @@
 // What a command sets up on the computer, and takes back at its end.
 #pragma once
 
+#include "tools/computer/computer.h"
+
 #include <windows.h>
 
 #include <string>
@@ -12,6 +14,7 @@ class TemporaryPrinter {
   public:
     /// Throws ToolError when there is a printer of that name, or none can be added.
     TemporaryPrinter(const std::string& name, const std::string& model);
+    explicit TemporaryPrinter(const computer::PrinterSpec& spec);
     ~TemporaryPrinter();
     TemporaryPrinter(const TemporaryPrinter&) = delete;
     TemporaryPrinter& operator=(const TemporaryPrinter&) = delete;
@@ -27,7 +30,8 @@ class TemporaryPrinter {
 /// The user's UI language while it lives.
 class UiLanguage {
   public:
-    /// Throws ToolError, naming the known ones, for an unknown tag.
+    /// A tag of the known ones, with any country behind it where they name none: "de-AT". Throws
+    /// ToolError, naming the known ones, for another.
     explicit UiLanguage(const std::string& tag);
     ~UiLanguage();
     UiLanguage(const UiLanguage&) = delete;

@@ -71,4 +71,8 @@ std::basic_string<WCHAR> FromUtf8(std::string_view text) {
     return out;
 }
 
+std::filesystem::path PathFrom(std::string_view utf8) {
+    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
 }  // namespace kpdtool

@@ -1,0 +1,25 @@
+# Compiles a resource script into a target: for Windows with the cross compiler's tool, natively with
+# llvm-rc, its output linked in as bytes and added to the stand-in's resources at start.
+function(kpd_add_resources target script)
+  get_filename_component(name ${script} NAME_WE)
+  get_filename_component(folder ${script} DIRECTORY)
+  # What the script includes is compiled in too.
+  file(GLOB_RECURSE parts CONFIGURE_DEPENDS ${folder}/*.h ${folder}/*.rc ${folder}/*.bmp
+                                            ${folder}/*.ico ${folder}/*.cur)
+  if(WIN32)
+    set_source_files_properties(${script} PROPERTIES INCLUDE_DIRECTORIES ${folder}
+                                                     OBJECT_DEPENDS "${parts}")
+    target_sources(${target} PRIVATE ${script})
+    return()
+  endif()
+  set(compiled ${CMAKE_CURRENT_BINARY_DIR}/${name}.res)
+  set(carrier ${CMAKE_CURRENT_BINARY_DIR}/${name}_resources.cpp)
+  add_custom_command(
+    OUTPUT ${compiled}
+    COMMAND llvm-rc /C 65001 /I ${CMAKE_SOURCE_DIR}/platform/include /FO ${compiled} ${script}
+    DEPENDS ${script} ${parts})
+  set(RESOURCE_FILE ${compiled})
+  configure_file(${CMAKE_SOURCE_DIR}/cmake/resources.cpp.in ${carrier} @ONLY)
+  set_source_files_properties(${carrier} PROPERTIES OBJECT_DEPENDS ${compiled})
+  target_sources(${target} PRIVATE ${carrier})
+endfunction()

@@ -1,0 +1,151 @@
+// Property sheets.
+#pragma once
+
+#include <windows.h>
+
+#define MAXPROPPAGES 0x64
+#define PSP_DEFAULT 0
+#define PSP_DLGINDIRECT 1
+#define PSP_USEHICON 2
+#define PSP_USEICONID 4
+#define PSP_USETITLE 8
+#define PSP_RTLREADING 0x10
+#define PSP_HASHELP 0x20
+#define PSP_USEREFPARENT 0x40
+#define PSP_USECALLBACK 0x80
+#define PSP_PREMATURE 0x400
+#define PSPCB_ADDREF 0
+#define PSPCB_RELEASE 1
+#define PSPCB_CREATE 2
+#define PSH_DEFAULT 0
+#define PSH_PROPTITLE 1
+#define PSH_USEHICON 2
+#define PSH_USEICONID 4
+#define PSH_PROPSHEETPAGE 8
+#define PSH_USEPSTARTPAGE 0x40
+#define PSH_NOAPPLYNOW 0x80
+#define PSH_USECALLBACK 0x100
+#define PSH_HASHELP 0x200
+#define PSH_MODELESS 0x400
+#define PSH_NOCONTEXTHELP 0x2000000
+#define PSCB_INITIALIZED 1
+#define PSCB_PRECREATE 2
+#define PSCB_BUTTONPRESSED 3
+#define PSN_SETACTIVE 0xFFFFFF38
+#define PSN_KILLACTIVE 0xFFFFFF37
+#define PSN_APPLY 0xFFFFFF36
+#define PSN_RESET 0xFFFFFF35
+#define PSN_HELP 0xFFFFFF33
+#define PSN_QUERYCANCEL 0xFFFFFF2F
+#define PSNRET_NOERROR 0
+#define PSNRET_INVALID 1
+#define PSNRET_INVALID_NOCHANGEPAGE 2
+#define PSM_SETCURSEL 0x465
+#define PSM_REMOVEPAGE 0x466
+#define PSM_ADDPAGE 0x467
+#define PSM_CHANGED 0x468
+#define PSM_RESTARTWINDOWS 0x469
+#define PSM_REBOOTSYSTEM 0x46A
+#define PSM_CANCELTOCLOSE 0x46B
+#define PSM_QUERYSIBLINGS 0x46C
+#define PSM_UNCHANGED 0x46D
+#define PSM_APPLY 0x46E
+#define PSM_SETTITLEW 0x478
+#define PSM_SETWIZBUTTONS 0x470
+#define PSM_PRESSBUTTON 0x471
+#define PSM_SETCURSELID 0x472
+#define PSM_SETFINISHTEXTW 0x479
+#define PSM_GETTABCONTROL 0x474
+#define PSM_ISDIALOGMESSAGE 0x475
+#define PSM_GETCURRENTPAGEHWND 0x476
+#define PSM_HWNDTOINDEX 0x481
+#define PSM_INDEXTOHWND 0x482
+#define PSM_PAGETOINDEX 0x483
+#define PSM_INDEXTOPAGE 0x484
+#define PSM_INDEXTOID 0x486
+#define PSM_GETRESULT 0x487
+#define PSM_RECALCPAGESIZES 0x488
+#define PSBTN_BACK 0
+#define PSBTN_NEXT 1
+#define PSBTN_FINISH 2
+#define PSBTN_OK 3
+#define PSBTN_APPLYNOW 4
+#define PSBTN_CANCEL 5
+#define PSBTN_HELP 6
+#define ID_PSRESTARTWINDOWS 2
+#define ID_PSREBOOTSYSTEM 3
+
+struct PROPSHEETPAGEW;
+struct _PSP;
+using HPROPSHEETPAGE = _PSP*;
+using LPFNPSPCALLBACKW = UINT(CALLBACK*)(HWND window, UINT message, PROPSHEETPAGEW* page);
+using PFNPROPSHEETCALLBACK = int(CALLBACK*)(HWND sheet, UINT message, LPARAM parameter);
+
+struct PROPSHEETPAGEW {
+    DWORD dwSize;
+    DWORD dwFlags;
+    HINSTANCE hInstance;
+    union {
+        LPCWSTR pszTemplate;
+        LPCDLGTEMPLATEW pResource;
+    };
+    union {
+        HICON hIcon;
+        LPCWSTR pszIcon;
+    };
+    LPCWSTR pszTitle;
+    DLGPROC pfnDlgProc;
+    LPARAM lParam;
+    LPFNPSPCALLBACKW pfnCallback;
+    UINT* pcRefParent;
+    LPCWSTR pszHeaderTitle;
+    LPCWSTR pszHeaderSubTitle;
+    HANDLE hActCtx;
+};
+using LPCPROPSHEETPAGEW = const PROPSHEETPAGEW*;
+
+struct PROPSHEETHEADERW {
+    DWORD dwSize;
+    DWORD dwFlags;
+    HWND hwndParent;
+    HINSTANCE hInstance;
+    union {
+        HICON hIcon;
+        LPCWSTR pszIcon;
+    };
+    LPCWSTR pszCaption;
+    UINT nPages;
+    union {
+        UINT nStartPage;
+        LPCWSTR pStartPage;
+    };
+    union {
+        LPCPROPSHEETPAGEW ppsp;
+        HPROPSHEETPAGE* phpage;
+    };
+    PFNPROPSHEETCALLBACK pfnCallback;
+    union {
+        HBITMAP hbmWatermark;
+        LPCWSTR pszbmWatermark;
+    };
+    HANDLE hplWatermark;
+    union {
+        HBITMAP hbmHeader;
+        LPCWSTR pszbmHeader;
+    };
+};
+using LPCPROPSHEETHEADERW = const PROPSHEETHEADERW*;
+
+struct PSHNOTIFY {
+    NMHDR hdr;
+    LPARAM lParam;
+};
+using LPPSHNOTIFY = PSHNOTIFY*;
+
+extern "C" {
+HPROPSHEETPAGE WINAPI CreatePropertySheetPageW(LPCPROPSHEETPAGEW page);
+BOOL WINAPI DestroyPropertySheetPage(HPROPSHEETPAGE page);
+INT_PTR WINAPI PropertySheetW(LPCPROPSHEETHEADERW header);
+}
+
+#define PropSheet_Changed(sheet, page) SendMessageW(sheet, PSM_CHANGED, (WPARAM)(page), 0)

@@ -1,0 +1,281 @@
+// The class "Static": texts, frames, icons and bitmaps.
+#include "controls/common_control.h"
+
+#include <algorithm>
+
+namespace host {
+namespace {
+
+using common::Control;
+
+constexpr DWORD kKnownStyles = SS_TYPEMASK | SS_NOPREFIX | SS_NOTIFY | SS_CENTERIMAGE |
+                               SS_RIGHTJUST | SS_REALSIZEIMAGE | SS_REALSIZECONTROL | SS_SUNKEN;
+
+class Static : public Control {
+  public:
+    explicit Static(HWND window) : Control(window) {}
+    ~Static() override { ReleaseOwn(); }
+
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  protected:
+    void Paint(HDC context) override;
+
+  private:
+    DWORD Kind() const { return Style() & SS_TYPEMASK; }
+    bool ShowsText() const {
+        return Kind() <= SS_RIGHT || Kind() == SS_SIMPLE || Kind() == SS_LEFTNOWORDWRAP;
+    }
+    bool ShowsImage() const { return Kind() == SS_ICON || Kind() == SS_BITMAP; }
+    void CheckKind() const;
+    void Load(const CREATESTRUCTW& creation);
+    HANDLE SetImage(HANDLE image);
+    SIZE ImageSize() const;
+    void ReleaseOwn();
+    void NotifyCommand(UINT code) const;
+    HBRUSH Background(HDC context) const;
+    void PaintText(HDC context, const RECT& area) const;
+    void PaintImage(HDC context, const RECT& area) const;
+    bool PaintShape(HDC context, RECT area) const;
+    void PaintByOwner(HDC context, const RECT& area) const;
+
+    HANDLE image_ = nullptr;
+    bool ownsImage_ = false;  // it was named by the template
+};
+
+void Static::CheckKind() const {
+    common::CheckStyle("Static", Style() & 0xFFFF, kKnownStyles);
+    const DWORD kind = Kind();
+    const bool isKnown = kind <= SS_WHITEFRAME || (kind >= SS_SIMPLE && kind <= SS_BITMAP) ||
+                         (kind >= SS_ETCHEDHORZ && kind <= SS_ETCHEDFRAME);
+    if (!isKnown) {
+        Unsupported("Static of kind %u", kind);
+    }
+    if ((Style() & SS_SUNKEN) != 0) {
+        SetWindowLongW(window_, GWL_EXSTYLE,
+                       GetWindowLongW(window_, GWL_EXSTYLE) | WS_EX_STATICEDGE);
+    }
+}
+
+void Static::ReleaseOwn() {
+    if (ownsImage_ && image_ != nullptr && Kind() == SS_BITMAP) {
+        DeleteObject(image_);
+    } else if (ownsImage_ && image_ != nullptr) {
+        DestroyIcon(static_cast<HICON>(image_));
+    }
+    image_ = nullptr;
+    ownsImage_ = false;
+}
+
+// The template names the picture in the place of a text, by number or by name.
+void Static::Load(const CREATESTRUCTW& creation) {
+    if (!ShowsImage() || creation.lpszName == nullptr ||
+        (!IS_INTRESOURCE(creation.lpszName) && creation.lpszName[0] == 0)) {
+        return;
+    }
+    SetImage(Kind() == SS_ICON
+                 ? static_cast<HANDLE>(LoadIconW(creation.hInstance, creation.lpszName))
+                 : static_cast<HANDLE>(LoadBitmapW(creation.hInstance, creation.lpszName)));
+    ownsImage_ = image_ != nullptr;
+}
+
+SIZE Static::ImageSize() const {
+    if (Kind() == SS_ICON) {
+        return {GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON)};
+    }
+    BITMAP bitmap = {};
+    GetObjectW(image_, sizeof(bitmap), &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+// Gives the picture shown before, which is the caller's from now on. The control takes the size of
+// the picture, unless that is to be centred or fitted.
+HANDLE Static::SetImage(HANDLE image) {
+    const HANDLE before = std::exchange(image_, image);
+    ownsImage_ = false;
+    if (image != nullptr && (Style() & (SS_CENTERIMAGE | SS_REALSIZECONTROL)) == 0) {
+        const SIZE size = ImageSize();
+        SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    Redraw();
+    return before;
+}
+
+void Static::NotifyCommand(UINT code) const {
+    if ((Style() & SS_NOTIFY) != 0) {
+        SendMessageW(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
+                     reinterpret_cast<LPARAM>(window_));
+    }
+}
+
+HBRUSH Static::Background(HDC context) const {
+    return reinterpret_cast<HBRUSH>(SendMessageW(GetParent(window_), WM_CTLCOLORSTATIC,
+                                                 reinterpret_cast<WPARAM>(context),
+                                                 reinterpret_cast<LPARAM>(window_)));
+}
+
+void Static::PaintText(HDC context, const RECT& area) const {
+    constexpr struct {
+        DWORD kind;
+        UINT format;
+    } kFormats[] = {
+        {SS_LEFT, DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS},
+        {SS_CENTER, DT_CENTER | DT_WORDBREAK | DT_EXPANDTABS},
+        {SS_RIGHT, DT_RIGHT | DT_WORDBREAK | DT_EXPANDTABS},
+        {SS_SIMPLE, DT_LEFT | DT_SINGLELINE},
+        {SS_LEFTNOWORDWRAP, DT_LEFT | DT_EXPANDTABS},
+    };
+    WCHAR text[4096] = {};
+    const int length = GetWindowTextW(window_, text, 4096);
+    const auto* row =
+        std::ranges::find_if(kFormats, [&](const auto& each) { return each.kind == Kind(); });
+    if (row == std::end(kFormats)) {
+        Unsupported("Static made into kind %u", Kind());
+    }
+    UINT format = row->format | ((Style() & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0u);
+    if ((Style() & SS_CENTERIMAGE) != 0) {
+        format = (format & ~UINT{DT_WORDBREAK}) | DT_SINGLELINE | DT_VCENTER;
+    }
+    if (!IsWindowEnabled(window_)) {
+        SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
+    }
+    RECT place = area;
+    DrawTextW(context, text, length, &place, format);
+}
+
+void Static::PaintImage(HDC context, const RECT& area) const {
+    if (image_ == nullptr) {
+        return;
+    }
+    const SIZE size = ImageSize();
+    POINT at = {0, 0};
+    if ((Style() & SS_CENTERIMAGE) != 0) {
+        at = {(area.right - size.cx) / 2, (area.bottom - size.cy) / 2};
+    }
+    if (Kind() == SS_ICON) {
+        DrawIcon(context, at.x, at.y, static_cast<HICON>(image_));
+        return;
+    }
+    const bool fitted = (Style() & SS_REALSIZECONTROL) != 0;
+    HDC source = CreateCompatibleDC(context);
+    HGDIOBJ before = SelectObject(source, image_);
+    StretchBlt(context, at.x, at.y, fitted ? area.right : size.cx, fitted ? area.bottom : size.cy,
+               source, 0, 0, size.cx, size.cy, SRCCOPY);
+    SelectObject(source, before);
+    DeleteDC(source);
+}
+
+// Rectangles, frames and lines; false for a control that shows something else.
+bool Static::PaintShape(HDC context, RECT area) const {
+    const DWORD kind = Kind();
+    constexpr int kColors[] = {COLOR_3DDKSHADOW, COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT};
+    if (kind >= SS_BLACKRECT && kind <= SS_WHITERECT) {
+        FillRect(context, &area, GetSysColorBrush(kColors[kind - SS_BLACKRECT]));
+    } else if (kind >= SS_BLACKFRAME && kind <= SS_WHITEFRAME) {
+        FrameRect(context, &area, GetSysColorBrush(kColors[kind - SS_BLACKFRAME]));
+    } else if (kind == SS_ETCHEDHORZ) {
+        DrawEdge(context, &area, EDGE_ETCHED, BF_TOP);
+    } else if (kind == SS_ETCHEDVERT) {
+        DrawEdge(context, &area, EDGE_ETCHED, BF_LEFT);
+    } else if (kind == SS_ETCHEDFRAME) {
+        DrawEdge(context, &area, EDGE_ETCHED, BF_RECT);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Static::PaintByOwner(HDC context, const RECT& area) const {
+    DRAWITEMSTRUCT item = {};
+    item.CtlType = ODT_STATIC;
+    item.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState = IsWindowEnabled(window_) ? 0 : ODS_DISABLED;
+    item.hwndItem = window_;
+    item.hDC = context;
+    item.rcItem = area;
+    Background(context);
+    SendMessageW(GetParent(window_), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+}
+
+void Static::Paint(HDC context) {
+    RECT area = Client();
+    if (Kind() == SS_OWNERDRAW) {
+        PaintByOwner(context, area);
+        return;
+    }
+    SetBkMode(context, OPAQUE);  // the parent may change that along with the colours
+    HBRUSH background = Background(context);
+    if (Kind() != SS_ETCHEDFRAME && (Kind() < SS_BLACKFRAME || Kind() > SS_WHITEFRAME)) {
+        FillRect(context, &area, background);
+    }
+    if (ShowsImage()) {
+        PaintImage(context, area);
+    } else if (!PaintShape(context, area)) {
+        PaintText(context, area);
+    }
+}
+
+LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message >= WM_USER) {  // another class's
+        return DefWindowProcW(window_, message, wParam, lParam);
+    }
+    switch (message) {
+        case WM_NCCREATE:
+            CheckKind();
+            break;
+        case WM_CREATE:
+            Load(*reinterpret_cast<const CREATESTRUCTW*>(lParam));
+            return 0;
+        case WM_SETTEXT: {
+            const LRESULT result = DefWindowProcW(window_, message, wParam, lParam);
+            if (ShowsText() || Kind() == SS_OWNERDRAW) {
+                Redraw();
+                UpdateWindow(window_);  // shown at once, as a progress text needs it
+            }
+            return result;
+        }
+        case WM_ENABLE:
+            NotifyCommand(wParam != 0 ? STN_ENABLE : STN_DISABLE);
+            Redraw();
+            return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            return 0;
+        case WM_GETDLGCODE:
+            return DLGC_STATIC;
+        case WM_NCHITTEST:
+            return (Style() & SS_NOTIFY) != 0 ? HTCLIENT : HTTRANSPARENT;
+        case WM_LBUTTONDOWN:
+            NotifyCommand(STN_CLICKED);
+            return 0;
+        case WM_LBUTTONDBLCLK:
+            NotifyCommand(STN_DBLCLK);
+            return 0;
+        case STM_GETICON:
+            return Kind() == SS_ICON ? reinterpret_cast<LRESULT>(image_) : 0;
+        case STM_SETICON:
+            return Kind() != SS_ICON
+                       ? 0
+                       : reinterpret_cast<LRESULT>(SetImage(reinterpret_cast<HANDLE>(wParam)));
+        case STM_GETIMAGE:
+        case STM_SETIMAGE: {
+            const DWORD wanted = wParam == IMAGE_BITMAP ? SS_BITMAP : SS_ICON;
+            if (Kind() != wanted) {
+                return 0;
+            }
+            return reinterpret_cast<LRESULT>(
+                message == STM_GETIMAGE ? image_ : SetImage(reinterpret_cast<HANDLE>(lParam)));
+        }
+    }
+    return Control::Handle(message, wParam, lParam);
+}
+
+}  // namespace
+
+void RegisterStatic() {
+    common::Register(TEXT("Static"), common::Procedure<Static>, CS_DBLCLKS | CS_PARENTDC);
+}
+
+}  // namespace host

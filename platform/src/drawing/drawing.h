@@ -1,0 +1,30 @@
+// What drawing and the other services of the stand-in share.
+#pragma once
+
+#include "../host_state.h"
+
+namespace host {
+
+/// A device context that draws on `target`, which must outlive it: its point (0, 0) is `origin` in
+/// the picture, and nothing outside `clip` (in the picture's coordinates) is touched. Null when
+/// ordered to fail (Call::kDrawing).
+HDC NewPictureContext(Picture* target, POINT origin, const RECT& clip);
+void DeletePictureContext(HDC context);
+
+/// A bitmap from the bytes of a bitmap resource: a BITMAPINFO with its colours and pixels. Null
+/// when they are damaged.
+HBITMAP BitmapFromDib(const BYTE* bytes, size_t size);
+/// An icon or cursor from the bytes of one of its pictures (an RT_ICON resource; for an RT_CURSOR
+/// what follows its hot spot).
+HICON IconFromDib(const BYTE* bytes, size_t size);
+/// Makes an icon or cursor the system's: not counted, and neither DestroyIcon nor Reset drops it.
+void ShareIcon(HICON icon);
+
+/// The bytes of a resource in any of the added files, or null.
+struct ResourceBytes {
+    const BYTE* data = nullptr;
+    size_t size = 0;
+};
+ResourceBytes FindResourceBytes(LPCWSTR type, LPCWSTR name);
+
+}  // namespace host

@@ -1,0 +1,316 @@
+// Contexts of printers and of the screen as a device, what they can do, and the documents printed.
+#include "state.h"
+
+#include <winspool.h>
+
+#include <cmath>
+
+namespace host {
+
+struct PrintJob {
+    WideString printer;
+    std::vector<BYTE> record;
+    int width = 0;
+    int height = 0;
+    std::optional<PrintedDocument> document;  // begun and not ended
+    Picture page;
+    bool pageOpen = false;
+};
+
+namespace {
+
+constexpr int kResolution = 300;
+std::vector<PrintedDocument> documents;
+int jobs = 0;
+
+// A card in tenths of a millimetre, when the record names no paper of its own.
+constexpr int kCardWidth = 544;
+constexpr int kCardLength = 859;
+
+int PixelsOf(int tenthsOfMillimetre) {
+    return static_cast<int>(std::lround(tenthsOfMillimetre * kResolution / 254.0));
+}
+
+int MillimetresOf(int pixels) {
+    return static_cast<int>(std::lround(pixels * 25.4 / kResolution));
+}
+
+void SetPaper(PrintJob* job) {
+    const auto* record = reinterpret_cast<const DEVMODEW*>(job->record.data());
+    int width = kCardWidth;
+    int length = kCardLength;
+    bool turned = false;
+    if (!job->record.empty()) {
+        constexpr DWORD kBoth = DM_PAPERWIDTH | DM_PAPERLENGTH;
+        const bool named = (record->dmFields & kBoth) == kBoth;
+        if (named && record->dmPaperWidth > 0 && record->dmPaperLength > 0) {
+            width = record->dmPaperWidth;
+            length = record->dmPaperLength;
+        }
+        turned =
+            (record->dmFields & DM_ORIENTATION) != 0 && record->dmOrientation == DMORIENT_LANDSCAPE;
+    }
+    job->width = PixelsOf(turned ? length : width);
+    job->height = PixelsOf(turned ? width : length);
+}
+
+std::vector<BYTE> BytesOf(const DEVMODEW* record) {
+    if (record == nullptr || record->dmSize < offsetof(DEVMODEW, dmFormName)) {
+        return {};
+    }
+    const auto* bytes = reinterpret_cast<const BYTE*>(record);
+    std::vector<BYTE> copy(bytes, bytes + record->dmSize + record->dmDriverExtra);
+    copy.resize(std::max(copy.size(), sizeof(DEVMODEW)));
+    return copy;
+}
+
+// The record that the spooler keeps for a printer.
+std::vector<BYTE> StoredRecord(HANDLE printer) {
+    DWORD needed = 0;
+    GetPrinterW(printer, 2, nullptr, 0, &needed);
+    std::vector<BYTE> buffer(needed);
+    if (needed == 0 || !GetPrinterW(printer, 2, buffer.data(), needed, &needed)) {
+        return {};
+    }
+    return BytesOf(reinterpret_cast<const PRINTER_INFO_2W*>(buffer.data())->pDevMode);
+}
+
+HDC NewPrinterContext(LPCWSTR device, const DEVMODEW* record) {
+    WideString name = device;
+    HANDLE printer = nullptr;
+    if (!OpenPrinterW(name.data(), &printer, nullptr)) {
+        return nullptr;
+    }
+    auto job = std::make_shared<PrintJob>();
+    job->printer = name;
+    job->record = record != nullptr ? BytesOf(record) : StoredRecord(printer);
+    ClosePrinter(printer);
+    SetPaper(job.get());
+    Context context;
+    context.kind = ContextKind::kPrinter;
+    context.job = std::move(job);
+    return AddContext(std::move(context));
+}
+
+HDC NewDeviceContext(LPCWSTR driver, LPCWSTR device, const DEVMODEW* record) {
+    if (FailsNow(Call::kDrawing)) {
+        return nullptr;
+    }
+    if (device != nullptr) {
+        return NewPrinterContext(device, record);
+    }
+    if (driver == nullptr || !SameText(driver, TEXT("DISPLAY"))) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    Context context;
+    context.kind = ContextKind::kScreen;
+    return AddContext(std::move(context));
+}
+
+// What both kinds of raster devices can do: everything but palettes.
+constexpr int kRasterCaps = 0x7E99;
+
+int ScreenCaps(int index) {
+    switch (index) {
+        case TECHNOLOGY:
+            return DT_RASDISPLAY;
+        case HORZSIZE:
+            return 339;
+        case VERTSIZE:
+            return 271;
+        case HORZRES:
+            return GetSystemMetrics(SM_CXSCREEN);
+        case VERTRES:
+            return GetSystemMetrics(SM_CYSCREEN);
+        case LOGPIXELSX:
+        case LOGPIXELSY:
+            return 96;
+        default:
+            return 0;
+    }
+}
+
+int PrinterCaps(const PrintJob& job, int index) {
+    switch (index) {
+        case TECHNOLOGY:
+            return DT_RASPRINTER;
+        case HORZSIZE:
+            return MillimetresOf(job.width);
+        case VERTSIZE:
+            return MillimetresOf(job.height);
+        case HORZRES:
+        case PHYSICALWIDTH:
+            return job.width;
+        case VERTRES:
+        case PHYSICALHEIGHT:
+            return job.height;
+        case LOGPIXELSX:
+        case LOGPIXELSY:
+            return kResolution;
+        default:
+            return 0;
+    }
+}
+
+// The job of a context that a printing call may go on with, or null with the last error set.
+PrintJob* JobFor(HDC handle) {
+    if (FailsNow(Call::kPrinting)) {
+        return nullptr;
+    }
+    const Context* context = FindContext(handle);
+    if (context != nullptr && context->job == nullptr) {
+        SetLastError(ERROR_INVALID_HANDLE);
+    }
+    return context == nullptr ? nullptr : context->job.get();
+}
+
+int Refuse() {
+    SetLastError(ERROR_INVALID_PARAMETER);
+    return SP_ERROR;
+}
+
+void CloseDocument(HDC handle, bool ended) {
+    Context* context = FindContext(handle);
+    PrintJob& job = *context->job;
+    context->target = nullptr;
+    job.pageOpen = false;
+    job.document->ended = ended;
+    documents.push_back(std::move(*job.document));
+    job.document.reset();
+}
+
+}  // namespace
+
+void DropDocument(HDC handle) {
+    const Context* context = FindContext(handle);
+    if (context != nullptr && context->job != nullptr && context->job->document) {
+        CloseDocument(handle, false);
+    }
+}
+
+const std::vector<PrintedDocument>& PrintedDocuments() {
+    return documents;
+}
+
+void ResetPrinting() {
+    documents.clear();
+    jobs = 0;
+}
+
+}  // namespace host
+
+using host::JobFor;
+using host::PrintJob;
+
+HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* record) {
+    return host::NewDeviceContext(driver, device, record);
+}
+
+HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* record) {
+    return host::NewDeviceContext(driver, device, record);
+}
+
+int WINAPI GetDeviceCaps(HDC handle, int index) {
+    const host::Context* context = host::FindContext(handle);
+    if (context == nullptr) {
+        return 0;
+    }
+    switch (index) {
+        case BITSPIXEL:
+            return context->kind == host::ContextKind::kPrinter ? 24 : 32;
+        case PLANES:
+            return 1;
+        case RASTERCAPS:
+            return host::kRasterCaps;
+        case PHYSICALOFFSETX:
+        case PHYSICALOFFSETY:
+            return 0;
+        case TECHNOLOGY:
+        case HORZSIZE:
+        case VERTSIZE:
+        case HORZRES:
+        case VERTRES:
+        case PHYSICALWIDTH:
+        case PHYSICALHEIGHT:
+        case LOGPIXELSX:
+        case LOGPIXELSY:
+            return context->job == nullptr ? host::ScreenCaps(index)
+                                           : host::PrinterCaps(*context->job, index);
+        default:
+            host::Unsupported("GetDeviceCaps(%d)", index);
+    }
+}
+
+int WINAPI StartDocW(HDC handle, const DOCINFOW* document) {
+    PrintJob* job = JobFor(handle);
+    if (job == nullptr) {
+        return SP_ERROR;
+    }
+    if (document == nullptr || job->document) {
+        return host::Refuse();
+    }
+    if (document->lpszOutput != nullptr) {
+        host::Unsupported("printing to a file");
+    }
+    const LPCWSTR name = document->lpszDocName;
+    job->document = host::PrintedDocument{
+        job->printer, name == nullptr ? host::WideString() : name, job->record, {}, false};
+    return ++host::jobs;
+}
+
+int WINAPI StartPage(HDC handle) {
+    PrintJob* job = JobFor(handle);
+    if (job == nullptr) {
+        return SP_ERROR;
+    }
+    if (!job->document || job->pageOpen) {
+        return host::Refuse();
+    }
+    const auto size = static_cast<size_t>(job->width) * static_cast<size_t>(job->height);
+    job->page = {job->width, job->height, std::vector<host::Pixel>(size, 0xFFFFFF)};
+    job->pageOpen = true;
+    host::FindContext(handle)->target = &job->page;
+    return 1;
+}
+
+int WINAPI EndPage(HDC handle) {
+    PrintJob* job = JobFor(handle);
+    if (job == nullptr) {
+        return SP_ERROR;
+    }
+    if (!job->pageOpen) {
+        return host::Refuse();
+    }
+    host::FindContext(handle)->target = nullptr;
+    job->pageOpen = false;
+    job->document->pages.push_back(std::move(job->page));
+    return 1;
+}
+
+int WINAPI EndDoc(HDC handle) {
+    PrintJob* job = JobFor(handle);
+    if (job == nullptr) {
+        return SP_ERROR;
+    }
+    if (!job->document) {
+        return host::Refuse();
+    }
+    if (job->pageOpen) {
+        job->document->pages.push_back(std::move(job->page));
+    }
+    host::CloseDocument(handle, true);
+    return 1;
+}
+
+int WINAPI AbortDoc(HDC handle) {
+    PrintJob* job = JobFor(handle);
+    if (job == nullptr) {
+        return SP_ERROR;
+    }
+    if (!job->document) {
+        return host::Refuse();
+    }
+    host::CloseDocument(handle, false);
+    return 1;
+}

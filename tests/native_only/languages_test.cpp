@@ -1,0 +1,182 @@
+// The delivered language files against what the driver looks up: every text that the pages ask for
+// when they open (the stand-in notes each lookup), and those that are shown only on occasion.
+#include "core/property_sheet.h"
+#include "core/text.h"
+#include "platform/host.h"
+#include "sheet_test.h"
+#include "ui/common/language.h"
+#include "ui/common/numeric_field.h"
+
+#include <strsafe.h>
+
+#include <cstring>
+#include <fstream>
+#include <map>
+#include <set>
+
+namespace test {
+namespace {
+
+using Key = std::pair<std::string, std::string>;  // section and English text, as UTF-8
+using Texts = std::map<Key, std::string>;
+
+struct LanguageFile {
+    LANGID language;
+    const char* name;
+};
+constexpr LanguageFile kDelivered[] = {{0x0407, "mvGerkpd.ini"}, {0x0411, "mvJpnkpd.ini"}};
+
+std::filesystem::path Delivered(const char* name) {
+    return std::filesystem::path(KPD_SOURCE_DIR) / "package/languages" / name;
+}
+
+std::string Utf8(const WideString& text) {
+    return std::filesystem::path(text).string();
+}
+
+WideString ReadWide(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(bytes.substr(0, 2), "\xFF\xFE") << path;
+    WideString text(bytes.size() / 2 - 1, 0);
+    std::memcpy(text.data(), bytes.data() + 2, text.size() * sizeof(WCHAR));
+    return text;
+}
+
+// Every key of the file; a key given twice is a fault.
+Texts ReadLanguageFile(const std::filesystem::path& path) {
+    Texts texts;
+    std::string section;
+    std::istringstream lines(Utf8(ReadWide(path)));
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_TRUE(line.ends_with('\r')) << line;
+        line.pop_back();
+        if (line.starts_with('[')) {
+            section = line.substr(1, line.size() - 2);
+        } else if (!line.empty()) {
+            const size_t equals = line.find('=');
+            const Key key = {section, line.substr(0, equals)};
+            EXPECT_TRUE(texts.emplace(key, line.substr(equals + 1)).second) << key.second;
+        }
+    }
+    return texts;
+}
+
+// The conversions of a text in their order, as "%d %s".
+std::string Conversions(const std::string& text) {
+    std::string found;
+    for (size_t at = text.find('%'); at != std::string::npos; at = text.find('%', at + 2)) {
+        const size_t end = text.find_first_not_of("0123456789.-", at + 1);
+        found += text.substr(at, end == std::string::npos ? end : end - at + 1) + " ";
+    }
+    return found;
+}
+
+class LanguagesTest : public SheetTest {
+  protected:
+    /// Opens every page of every kind of model in that language, asking `look` at each.
+    void OpenEveryPage(LANGID language, const std::function<void(HWND)>& look) {
+        SetUiLanguage(language);
+        InitLanguageFile();
+        for (const WCHAR* model : {TEXT("Mirv KP-41"), TEXT("Mirv KP-43")}) {
+            RunSheet(model, {[&] {
+                         for (size_t i = 0; i < Tabs().size(); ++i) {
+                             look(ShowPage(static_cast<int>(i)));
+                         }
+                     }});
+        }
+    }
+
+    static void Add(std::set<Key>& keys, const WCHAR* section, const WCHAR* format, int a, int b) {
+        WCHAR text[kTextLength];
+        StringCchPrintfW(text, kTextLength, format, a, b);
+        keys.insert({Utf8(section), Utf8(text)});
+        keys.insert({Utf8(section), "Error"});
+    }
+
+    /// What the numeric fields can say.
+    static std::set<Key> FieldMessages() {
+        std::set<Key> keys;
+        for (const NumericField& field : NumericFields()) {
+            Add(keys, field.RangeSection, field.RangeMessage, field.Minimum, field.Maximum);
+            Add(keys, field.ValidationSection,
+                field.Kind == NumberKind::kHundredths ? kIllegalHundredths : kIllegalInteger,
+                field.Minimum, field.Maximum);
+        }
+        return keys;
+    }
+
+    /// All that the driver can look up, without the empty texts of empty controls.
+    std::set<Key> EveryKey() {
+        OpenEveryPage(0x0409, [](HWND) {});
+        std::set<Key> keys = FieldMessages();
+        for (const host::ProfileLookup& lookup : host::ProfileLookups()) {
+            if (!lookup.section.empty() && !lookup.key.empty()) {
+                keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
+            }
+        }
+        return keys;
+    }
+};
+
+TEST_F(LanguagesTest, FilesHaveEveryTextAndNoOther) {
+    const std::set<Key> keys = EveryKey();
+    EXPECT_GT(keys.size(), 30u);
+    for (const LanguageFile& file : kDelivered) {
+        const Texts texts = ReadLanguageFile(Delivered(file.name));
+        for (const Key& key : keys) {
+            EXPECT_TRUE(texts.contains(key))
+                << file.name << " lacks [" << key.first << "] " << key.second;
+        }
+        for (const auto& [key, translation] : texts) {
+            EXPECT_TRUE(keys.contains(key))
+                << file.name << " has [" << key.first << "] " << key.second << " for nothing";
+            EXPECT_EQ(Conversions(key.second), Conversions(translation)) << key.second;
+            EXPECT_FALSE(translation.empty()) << key.second;
+            EXPECT_LT(translation.size(), size_t{kTextLength}) << key.second;
+        }
+    }
+}
+
+TEST_F(LanguagesTest, EveryTextFitsItsControl) {
+    for (const LanguageFile& file : kDelivered) {
+        SetUiLanguage(file.language);
+        InitLanguageFile();
+        std::filesystem::copy_file(Delivered(file.name), DiskPath(LanguageFilePath));
+        OpenEveryPage(file.language, [&](HWND page) {
+            for (HWND control = GetWindow(page, GW_CHILD); control != nullptr;
+                 control = GetWindow(control, GW_HWNDNEXT)) {
+                EXPECT_FALSE(IsTextCut(control)) << file.name << ": " << Utf8(WideTextOf(control));
+            }
+        });
+        EXPECT_NE(host::ProfileLookups().size(), 0u);
+    }
+}
+
+// The check itself.
+TEST_F(LanguagesTest, CutTextIsNoticed) {
+    HWND parent = CreateWindowExW(0, TEXT("Static"), TEXT(""), WS_POPUP, 0, 0, 300, 300, nullptr,
+                                  nullptr, nullptr, nullptr);
+    const struct {
+        const WCHAR* className;
+        DWORD style;
+        int width, height;
+        bool cut;
+    } cases[] = {
+        {TEXT("Static"), SS_LEFT, 200, 16, false},
+        {TEXT("Static"), SS_LEFT, 40, 16, true},
+        {TEXT("Static"), SS_LEFT, 60, 60, false},  // it wraps
+        {TEXT("Button"), BS_AUTOCHECKBOX, 60, 16, true},
+        {TEXT("Button"), BS_GROUPBOX, 200, 60, false},
+        {TEXT("ComboBox"), CBS_DROPDOWNLIST, 10, 60, false},  // shows its items
+    };
+    for (const auto& c : cases) {
+        HWND control = CreateWindowExW(0, c.className, TEXT("Ribbon colours"), WS_CHILD | c.style,
+                                       0, 0, c.width, c.height, parent, nullptr, nullptr, nullptr);
+        EXPECT_EQ(IsTextCut(control), c.cut) << Utf8(c.className) << c.width;
+    }
+    DestroyWindow(parent);
+}
+
+}  // namespace
+}  // namespace test

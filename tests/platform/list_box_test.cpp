@@ -1,0 +1,305 @@
+// List boxes: items, selection, scrolling, and what the parent hears of the user's choice.
+#include "window_test.h"
+
+namespace {
+
+constexpr const WCHAR* kFruits[] = {
+    TEXT("apple"), TEXT("Banana"), TEXT("blueberry"), TEXT("cherry"), TEXT("date"),
+    TEXT("elder"), TEXT("fig"),    TEXT("grape"),     TEXT("hazel"),  TEXT("ivy")};
+
+class ListBoxTest : public test::WindowTest {
+  protected:
+    void Make(DWORD style, bool filled = true, DWORD extendedStyle = 0) {
+        list_ = Control(TEXT("ListBox"), TEXT(""), style, 100, 10, 10, 120, 100, extendedStyle);
+        for (const WCHAR* fruit : kFruits) {
+            if (filled) {
+                Add(fruit);
+            }
+        }
+        test::HandlePosted();
+        test::Told();
+    }
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(list_, message, wParam, lParam);
+    }
+    LRESULT SendText(UINT message, int index, const WCHAR* text) {
+        return Send(message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
+    }
+    LRESULT Add(const WCHAR* text) { return SendText(LB_ADDSTRING, 0, text); }
+    std::string Item(int index) {
+        WCHAR text[100] = {};
+        Send(LB_GETTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
+        return test::Narrow(text);
+    }
+    std::string Items() {
+        std::string items;
+        for (int i = 0; i < Send(LB_GETCOUNT); ++i) {
+            items += Item(i) + " ";
+        }
+        return items;
+    }
+    // The mouse at the middle of the row-th item shown.
+    void Mouse(UINT message, int row) {
+        const LRESULT y = Send(LB_GETITEMHEIGHT) * row + 3;
+        Send(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(5, y));
+    }
+
+    HWND list_ = nullptr;
+};
+
+TEST_F(ListBoxTest, KeepsItemsInOrderWithTheirData) {
+    Make(LBS_SORT, false);
+    EXPECT_EQ(Add(TEXT("pear")), 0);
+    EXPECT_EQ(Add(TEXT("Apple")), 0);
+    EXPECT_EQ(Add(TEXT("banana")), 1);
+    EXPECT_EQ(SendText(LB_INSERTSTRING, -1, TEXT("aaa")), 3);
+    EXPECT_EQ(SendText(LB_INSERTSTRING, 1, TEXT("zzz")), 1);
+    EXPECT_EQ(SendText(LB_INSERTSTRING, 9, TEXT("x")), LB_ERR);
+    EXPECT_EQ(Items(), "Apple zzz banana pear aaa ");
+    const struct {
+        UINT message;
+        int index;
+        LPARAM lParam;
+        LRESULT expected;
+    } steps[] = {
+        {LB_GETTEXTLEN, 0, 0, 5},
+        {LB_GETTEXTLEN, 9, 0, LB_ERR},
+        {LB_GETTEXT, 9, 0, LB_ERR},
+        {LB_GETITEMDATA, 0, 0, 0},
+        {LB_SETITEMDATA, 9, 7, LB_ERR},
+        {LB_GETITEMDATA, 9, 0, LB_ERR},
+        {LB_GETITEMDATA, -1, 0, LB_ERR},
+        {LB_GETCURSEL, 0, 0, LB_ERR},
+        {LB_SETCURSEL, 2, 0, 2},
+        {LB_GETSEL, 2, 0, 1},
+        {LB_GETSEL, 0, 0, 0},
+        {LB_GETSEL, 9, 0, LB_ERR},
+        {LB_DELETESTRING, 0, 0, 4},  // before the selection
+        {LB_GETCURSEL, 0, 0, 1},
+        {LB_DELETESTRING, 1, 0, 3},  // the selection
+        {LB_GETCURSEL, 0, 0, LB_ERR},
+        {LB_DELETESTRING, 9, 0, LB_ERR},
+        {LB_SETCURSEL, 0, 0, 0},
+        {LB_SETCURSEL, -1, 0, LB_ERR},
+        {LB_GETCURSEL, 0, 0, LB_ERR},
+        {LB_SETITEMHEIGHT, 0, 22, 0},
+        {LB_GETITEMHEIGHT, 0, 0, 22},
+        {LB_RESETCONTENT, 0, 0, 0},
+        {LB_GETCOUNT, 0, 0, 0},
+    };
+    for (size_t i = 0; i < std::size(steps); ++i) {
+        EXPECT_EQ(Send(steps[i].message, static_cast<WPARAM>(steps[i].index), steps[i].lParam),
+                  steps[i].expected)
+            << i;
+    }
+    EXPECT_EQ(test::Told(), "");
+    EXPECT_EQ(Send(WM_GETDLGCODE), DLGC_WANTARROWS | DLGC_WANTCHARS);
+}
+
+TEST_F(ListBoxTest, FindsTextsAroundTheEndInEitherCase) {
+    Make(0);
+    const struct {
+        UINT message;
+        int after;
+        const WCHAR* text;
+        LRESULT expected;
+    } searches[] = {
+        {LB_FINDSTRING, -1, TEXT("b"), 1},
+        {LB_FINDSTRING, 1, TEXT("B"), 2},
+        {LB_FINDSTRING, 2, TEXT("b"), 1},
+        {LB_FINDSTRING, -1, TEXT("z"), LB_ERR},
+        {LB_FINDSTRINGEXACT, -1, TEXT("b"), LB_ERR},
+        {LB_FINDSTRINGEXACT, 1, TEXT("BANANA"), 1},
+        {LB_SELECTSTRING, -1, TEXT("CH"), 3},
+        {LB_SELECTSTRING, -1, TEXT("z"), LB_ERR},
+        {LB_GETCURSEL, 0, nullptr, 3},
+    };
+    for (size_t i = 0; i < std::size(searches); ++i) {
+        EXPECT_EQ(SendText(searches[i].message, searches[i].after, searches[i].text),
+                  searches[i].expected)
+            << i;
+    }
+}
+
+TEST_F(ListBoxTest, TellsOfKeysAndClicksAndOfNothingTheProgramDoes) {
+    constexpr struct {
+        int key;
+        int selection;
+        int top;
+    } kKeys[] = {
+        {VK_DOWN, 0, 0}, {VK_DOWN, 1, 0}, {VK_UP, 0, 0},    {VK_END, 9, 4},   {VK_HOME, 0, 0},
+        {VK_NEXT, 5, 0}, {VK_NEXT, 9, 4}, {VK_PRIOR, 4, 4}, {VK_RIGHT, 5, 4}, {VK_LEFT, 4, 4},
+    };
+    for (const DWORD style : {DWORD{LBS_NOTIFY}, DWORD{0}}) {
+        Make(style | WS_VSCROLL);
+        const std::string changed = style != 0 ? "command 100 1h" : "";
+        SetFocus(list_);
+        test::Told();
+        for (const auto& row : kKeys) {
+            test::Press(list_, row.key);
+            EXPECT_EQ(test::Told(), changed) << row.key;
+            EXPECT_EQ(Send(LB_GETCURSEL), row.selection) << row.key;
+            EXPECT_EQ(Send(LB_GETTOPINDEX), row.top) << row.key;
+        }
+        test::Type(list_, "b");
+        EXPECT_EQ(test::Told(), changed);
+        EXPECT_EQ(Send(LB_GETCURSEL), 1);
+        test::Type(list_, "z\x1b");
+        test::Press(list_, VK_RETURN);
+        Send(LB_SETCURSEL, 3);
+        EXPECT_EQ(test::Told(), "");
+        Send(LB_SETTOPINDEX, 0);
+        Mouse(WM_LBUTTONDOWN, 1);
+        EXPECT_EQ(GetCapture(), list_);
+        Mouse(WM_MOUSEMOVE, 2);
+        EXPECT_EQ(test::Told(), "");
+        Mouse(WM_LBUTTONUP, 2);
+        EXPECT_EQ(test::Told(), changed);
+        EXPECT_EQ(Send(LB_GETCURSEL), 2);
+        EXPECT_EQ(GetCapture(), nullptr);
+        Mouse(WM_LBUTTONDBLCLK, 3);
+        EXPECT_EQ(test::Told(), style != 0 ? "command 100 2h" : "");
+        Mouse(WM_LBUTTONUP, 3);
+        test::Told();
+        DestroyWindow(list_);
+    }
+}
+
+TEST_F(ListBoxTest, TellsOfTheFocus) {
+    Make(LBS_NOTIFY);
+    SetFocus(list_);
+    EXPECT_EQ(test::Told(), "command 100 4h");
+    SetFocus(parent_);
+    EXPECT_EQ(test::Told(), "command 100 5h");
+}
+
+TEST_F(ListBoxTest, SelectsAnyNumberOfItems) {
+    Make(LBS_NOTIFY | LBS_MULTIPLESEL);
+    EXPECT_EQ(Send(LB_SETSEL, TRUE, 2), 0);
+    EXPECT_EQ(Send(LB_SETSEL, TRUE, 99), LB_ERR);
+    EXPECT_EQ(Send(LB_SETCURSEL, 3), LB_ERR);
+    SetFocus(list_);
+    Mouse(WM_LBUTTONDOWN, 1);
+    Mouse(WM_LBUTTONUP, 1);
+    EXPECT_EQ(test::Told(), "command 100 4h; command 100 1h");
+    EXPECT_EQ(Send(LB_DELETESTRING, 0), 9);
+    EXPECT_EQ(Send(LB_GETSEL, 0), 1);
+    EXPECT_EQ(Send(LB_GETSEL, 1), 1);
+    EXPECT_EQ(Send(LB_GETSEL, 2), 0);
+    EXPECT_EQ(Send(LB_SETSEL, FALSE, -1), 0);
+    EXPECT_EQ(Send(LB_GETSEL, 0), 0);
+}
+
+TEST_F(ListBoxTest, ShowsWholeItemsAndABarWhereTheyDoNotFit) {
+    const struct {
+        DWORD style;
+        DWORD extendedStyle;
+        int height;
+        int width;     // of the client area when empty
+        int narrowed;  // and when there is too much in it
+    } rows[] = {
+        {0, 0, 96, 120, 120},
+        {WS_BORDER, 0, 98, 118, 118},
+        {LBS_NOINTEGRALHEIGHT, 0, 100, 120, 120},
+        {WS_VSCROLL, WS_EX_CLIENTEDGE, 100, 116, 99},
+        {WS_VSCROLL | LBS_DISABLENOSCROLL, 0, 96, 103, 103},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.style);
+        Make(row.style, false, row.extendedStyle);
+        RECT client = {};
+        RECT window = {};
+        GetClientRect(list_, &client);
+        GetWindowRect(list_, &window);
+        EXPECT_EQ(window.bottom - window.top, row.height);
+        EXPECT_EQ(client.right, row.width);
+        for (const WCHAR* fruit : kFruits) {
+            Add(fruit);
+        }
+        Send(LB_SETTOPINDEX, 2);
+        GetClientRect(list_, &client);
+        EXPECT_EQ(client.right, row.narrowed);
+        SCROLLINFO info = {sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
+        if ((row.style & WS_VSCROLL) != 0) {
+            EXPECT_TRUE(GetScrollInfo(list_, SB_VERT, &info));
+            EXPECT_EQ(info.nMax, 9);
+            EXPECT_EQ(info.nPage, 6u);
+            EXPECT_EQ(info.nPos, 2);
+        }
+        RECT item = {};
+        Send(LB_GETITEMRECT, 3, reinterpret_cast<LPARAM>(&item));
+        EXPECT_EQ(item.top, 16);
+        EXPECT_EQ(item.right, row.narrowed);
+    }
+}
+
+TEST_F(ListBoxTest, ScrollsByItsBarAndTheWheel) {
+    Make(WS_VSCROLL);
+    constexpr struct {
+        UINT message;
+        WPARAM wParam;
+        int top;
+    } kSteps[] = {
+        {WM_VSCROLL, SB_LINEDOWN, 1},    {WM_VSCROLL, SB_PAGEDOWN, 4},
+        {WM_VSCROLL, SB_TOP, 0},         {WM_MOUSEWHEEL, static_cast<WPARAM>(-120 * 65536), 3},
+        {WM_MOUSEWHEEL, 120 * 65536, 0}, {WM_VSCROLL, SB_BOTTOM, 4},
+    };
+    for (const auto& step : kSteps) {
+        Send(step.message, step.wParam);
+        EXPECT_EQ(Send(LB_GETTOPINDEX), step.top) << step.wParam;
+    }
+    // The arrow at the end of the bar in its frame.
+    RECT window = {};
+    GetWindowRect(list_, &window);
+    Send(LB_SETTOPINDEX, 0);
+    const LPARAM arrow = MAKELPARAM(window.right - 8, window.bottom - 8);
+    EXPECT_EQ(Send(WM_NCHITTEST, 0, arrow), HTVSCROLL);
+}
+
+// Notes what the parent is told about owner-drawn items; draws a colour of its own.
+std::string itemNotes;
+WNDPROC parentProcedure;
+
+LRESULT CALLBACK DrawingParent(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_MEASUREITEM) {
+        auto* measure = reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+        itemNotes += "measure " + std::to_string(measure->CtlType) + "; ";
+        measure->itemHeight = 20;
+        return TRUE;
+    }
+    if (message == WM_DELETEITEM) {
+        const auto* deleted = reinterpret_cast<const DELETEITEMSTRUCT*>(lParam);
+        itemNotes += "delete " + std::to_string(deleted->CtlType) + " " +
+                     std::to_string(deleted->itemID) + " " + std::to_string(deleted->itemData) +
+                     "; ";
+        return TRUE;
+    }
+    return CallWindowProcW(parentProcedure, window, message, wParam, lParam);
+}
+
+TEST_F(ListBoxTest, HasItsParentDrawItems) {
+    parentProcedure = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DrawingParent)));
+    itemNotes.clear();
+    Make(LBS_OWNERDRAWFIXED | LBS_NOTIFY, false);
+    EXPECT_EQ(itemNotes, "measure 2; ");
+    EXPECT_EQ(Send(LB_GETITEMHEIGHT), 20);
+    EXPECT_EQ(Send(LB_ADDSTRING, 0, 7), 0);
+    EXPECT_EQ(Send(LB_ADDSTRING, 0, 8), 1);
+    EXPECT_EQ(Send(LB_GETITEMDATA, 1), 8);
+    ULONG_PTR data = 0;
+    Send(LB_GETTEXT, 0, reinterpret_cast<LPARAM>(&data));
+    EXPECT_EQ(data, 7u);
+    EXPECT_EQ(Send(LB_FINDSTRING, static_cast<WPARAM>(-1), 8), 1);
+    test::HandlePosted();
+    EXPECT_EQ(test::Told(), "draw 100 0 1h 0h; draw 100 1 1h 0h");
+    Send(LB_SETCURSEL, 0);
+    test::HandlePosted();
+    EXPECT_EQ(test::Told(), "draw 100 0 2h 1h");
+    itemNotes.clear();
+    Send(LB_DELETESTRING, 0);
+    DestroyWindow(list_);
+    EXPECT_EQ(itemNotes, "delete 2 0 7; delete 2 0 8; ");
+}
+
+}  // namespace

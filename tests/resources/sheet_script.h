@@ -1,0 +1,16 @@
+/* Numbers of sheet_script.rc. */
+#pragma once
+
+#define IDD_SCRIPT_PAGE 1901
+#define IDD_SCRIPT_SECOND 1902
+#define IDD_SCRIPT_DIALOG 1903
+
+#define IDC_SCRIPT_RIBBON 1911
+#define IDC_SCRIPT_FRONT 1912
+#define IDC_SCRIPT_BACK 1913
+#define IDC_SCRIPT_ASK 1914
+#define IDC_SCRIPT_OPEN 1915
+#define IDC_SCRIPT_SAVE 1916
+#define IDC_SCRIPT_VALUE 1917
+#define IDC_SCRIPT_TABS 1918
+#define IDC_SCRIPT_FAST 1919

@@ -1,0 +1,191 @@
+// kpdtool sheet: the document sheet, opened as an application does and used as a script says.
+#include "commands.h"
+#include "core/property_sheet.h"
+#include "differences.h"
+#include "record_report.h"
+#include "sheet_run.h"
+#include "temporary_printer.h"
+#include "tool_error.h"
+#include "wide_text.h"
+
+#include <prsht.h>
+
+#include <filesystem>
+#include <sstream>
+
+namespace kpdtool {
+namespace {
+
+struct Outcome {
+    bool accepted = false;
+    std::string unexpected;  ///< the expectation that failed
+    std::vector<std::string> messages;
+    std::vector<std::string> pictures;
+    std::string printed;  ///< by the script
+};
+
+constexpr LONG kAccepted = 1;
+
+void Require(const std::string& reason) {
+    if (!reason.empty()) {
+        throw ToolError(reason);
+    }
+}
+
+std::vector<SheetPage> DriverPages() {
+    std::vector<SheetPage> pages;
+    for (const PageRow& row : PageTable) {
+        pages.push_back({ToUtf8(row.Title), row.Dialog, row.Section});
+    }
+    return pages;
+}
+
+/// The driver loaded, and a printer to ask it about.
+class Application {
+  public:
+    explicit Application(const Options& options) : options_(options), printer_(Spec(options)) {
+        Require(computer::LoadDriver(&documentProperties_));
+    }
+
+    // The record that the application has.
+    std::vector<BYTE> Input() {
+        if (!options_.in.empty()) {
+            return WorkingBuffer(ReadRecordFile(options_.in));
+        }
+        std::vector<BYTE> record(kLargestRecord);
+        if (documentProperties_(nullptr, printer_.get(), printer_.Name(), RecordIn(record), nullptr,
+                                DM_OUT_BUFFER) != kAccepted) {
+            throw ToolError(options_.printer + ": the driver gives no record");
+        }
+        return record;
+    }
+    // False when it was cancelled.
+    bool ShowSheet(std::vector<BYTE>& input, std::vector<BYTE>& output) {
+        const LONG result =
+            documentProperties_(nullptr, printer_.get(), printer_.Name(), RecordIn(output),
+                                RecordIn(input), DM_IN_BUFFER | DM_OUT_BUFFER | DM_IN_PROMPT);
+        if (result < 0) {
+            throw ToolError("the driver cannot show the sheet (" + std::to_string(result) + ")");
+        }
+        return result == kAccepted;
+    }
+
+  private:
+    static computer::PrinterSpec Spec(const Options& options) {
+        return {.name = FromUtf8(options.printer),
+                .model = FromUtf8(options.model),
+                .port = FromUtf8(options.port),
+                .remote = options.remote};
+    }
+
+    const Options& options_;
+    TemporaryPrinter printer_;
+    computer::DocumentPropertiesFunction documentProperties_ = nullptr;
+};
+
+// With neither a script nor pictures to take the user has the sheet.
+bool IsForTheUser(const Options& options) {
+    return options.script.empty() && options.pictures.empty();
+}
+
+Outcome Run(const Options& options, const Script& script, Application& application,
+            std::vector<BYTE>& input, std::vector<BYTE>& output) {
+    Outcome outcome;
+    if (IsForTheUser(options)) {
+        outcome.accepted = application.ShowSheet(input, output);
+        return outcome;
+    }
+    std::ostringstream printed;
+    const std::vector<SheetPage> pages = DriverPages();
+    SheetRun run(script, pages, options.pictures, options.script.empty() ? PSBTN_CANCEL : PSBTN_OK,
+                 printed);
+    outcome.accepted = application.ShowSheet(input, output);
+    outcome.unexpected = run.Finish();
+    outcome.messages = run.Messages();
+    outcome.pictures = run.Pictures();
+    outcome.printed = printed.str();
+    return outcome;
+}
+
+void InstallPackage(const Options& options) {
+    const std::filesystem::path ofSources = KPD_PACKAGE_FOLDER;
+    if (!options.package.empty()) {
+        Require(computer::InstallPackage(PathFrom(options.package)));
+    } else if (std::filesystem::exists(ofSources)) {
+        Require(computer::InstallPackage(ofSources));
+    }
+}
+
+StoredRecord Trimmed(const std::string& name, const std::vector<BYTE>& buffer) {
+    const StoredRecord whole(name, buffer);
+    const Bytes bytes = whole.All().first(whole.Size());
+    return StoredRecord(name, {bytes.begin(), bytes.end()});
+}
+
+void Print(std::ostream& out, const Options& options, const Outcome& outcome,
+           const Differences* changes) {
+    out << outcome.printed;
+    for (const std::string& message : outcome.messages) {
+        out << "A message was shown: " << message << '\n';
+    }
+    for (const std::string& picture : outcome.pictures) {
+        out << options.pictures << '/' << picture << '\n';
+    }
+    if (!outcome.unexpected.empty()) {
+        out << outcome.unexpected << '\n';
+    } else if (changes == nullptr) {
+        out << "Cancelled.\n";
+    } else if (changes->Rows().empty()) {
+        out << "Accepted; the record is the same.\n";
+    } else {
+        out << "Accepted; what changed in the record:\n";
+        changes->Table().Print(out);
+    }
+}
+
+Json OutcomeJson(const Options& options, const Outcome& outcome, const Differences* changes) {
+    return {{"model", options.model},
+            {"accepted", changes != nullptr},
+            {"failure", outcome.unexpected.empty() ? Json() : Json(outcome.unexpected)},
+            {"messages", outcome.messages},
+            {"pictures", outcome.pictures},
+            {"printed", outcome.printed},
+            {"fields", changes == nullptr ? Json() : changes->Rows()}};
+}
+
+}  // namespace
+
+int RunSheet(const Options& options, std::ostream& out) {
+    Script script;
+    if (!options.script.empty()) {
+        script = ReadScript(options.script);
+    } else if (IsForTheUser(options)) {
+        Require(computer::WhyNoUser());
+    }
+    std::optional<UiLanguage> language;
+    if (!options.sheetLanguage.empty()) {
+        language.emplace(options.sheetLanguage);
+    }
+    InstallPackage(options);
+    Application application(options);
+    std::vector<BYTE> input = application.Input();
+    const StoredRecord before = Trimmed("the input record", input);
+    std::vector<BYTE> output(kLargestRecord);
+    const Outcome outcome = Run(options, script, application, input, output);
+    std::optional<Differences> changes;
+    if (outcome.accepted && outcome.unexpected.empty()) {
+        const StoredRecord after = Trimmed("the returned record", output);
+        changes.emplace(before, after);
+        if (!options.out.empty()) {
+            WriteRecordFile(options.out, after.All());
+        }
+    }
+    if (options.json) {
+        PrintJson(out, OutcomeJson(options, outcome, changes ? &*changes : nullptr));
+    } else {
+        Print(out, options, outcome, changes ? &*changes : nullptr);
+    }
+    return outcome.unexpected.empty() ? 0 : 1;
+}
+
+}  // namespace kpdtool

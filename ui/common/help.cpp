@@ -1,0 +1,95 @@
+// Names of the help files and manuals.
+#include "ui/common/help.h"
+
+#include "core/ui_language.h"
+#include "ui/common/language.h"
+
+#include <shellapi.h>
+#include <strsafe.h>
+
+namespace {
+
+// By UiLanguageIndex - 1.
+constexpr const WCHAR* kHelpPrefixes[] = {
+    TEXT("\\MvEng"), TEXT("\\MvCht"), TEXT("\\MvChs"), TEXT("\\MvFrn"),
+    TEXT("\\MvGer"), TEXT("\\MvIta"), TEXT("\\MvSpn"), TEXT("\\MvJpn"),
+    TEXT("\\MvKrn"), TEXT("\\MvPrt"), TEXT("\\MvRus"), TEXT("\\MvPol"),
+};
+
+struct HelpFile {
+    BYTE ModelCode;
+    const WCHAR* Name;
+};
+
+// The help files of the family's other models. Records of this driver carry a code without an
+// entry.
+constexpr HelpFile HelpFileTable[] = {
+    {2, TEXT("Card002.chm")},   {3, TEXT("Card003.chm")},   {4, TEXT("Card004.chm")},
+    {5, TEXT("Card005.chm")},   {6, TEXT("Card006.chm")},   {7, TEXT("Card007.chm")},
+    {8, TEXT("Card008.chm")},   {10, TEXT("Card010.chm")},  {11, TEXT("Card011.chm")},
+    {12, TEXT("Card012.chm")},  {15, TEXT("Card015.chm")},  {16, TEXT("Card016.chm")},
+    {17, TEXT("Card017.chm")},  {18, TEXT("Card018.chm")},  {22, TEXT("Card022.chm")},
+    {23, TEXT("Card023.chm")},  {24, TEXT("Card024.chm")},  {26, TEXT("Card026.chm")},
+    {27, TEXT("Card027.chm")},  {28, TEXT("Card028.chm")},  {29, TEXT("Card029.chm")},
+    {100, TEXT("Card100.chm")}, {101, TEXT("Card101.chm")}, {200, TEXT("Card200.chm")},
+    {201, TEXT("Card201.chm")}, {202, TEXT("Card202.chm")}, {203, TEXT("Card203.chm")},
+};
+constexpr const WCHAR* kDefaultHelpFile = TEXT("Card.chm");
+
+struct ManualFiles {
+    const WCHAR* Simplified;
+    const WCHAR* Traditional;
+    const WCHAR* English;
+};
+
+// By Manual.
+constexpr ManualFiles kManuals[] = {
+    {TEXT("AdvanceToolChs.pdf"), TEXT("AdvanceToolCht.pdf"), TEXT("AdvanceToolEng.pdf")},
+    {TEXT("HeatingEnergyChs.pdf"), TEXT("HeatingEnergyCht.pdf"), TEXT("HeatingEnergyEng.pdf")},
+};
+
+const WCHAR* HelpFileOf(BYTE modelCode) {
+    for (const HelpFile& file : HelpFileTable) {
+        if (file.ModelCode == modelCode) {
+            return file.Name;
+        }
+    }
+    return kDefaultHelpFile;
+}
+
+const WCHAR* VariantOf(const ManualFiles& files, LANGID language) {
+    if (IsLanguage(language, LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED)) {
+        return files.Simplified;
+    }
+    return IsLanguage(language, LANG_CHINESE, kAnySublanguage) ? files.Traditional : files.English;
+}
+
+// `file` begins with a backslash.
+void OpenInDriverDirectory(const WCHAR* file) {
+    WCHAR system[MAX_PATH] = {};
+    WCHAR path[2 * MAX_PATH];
+    GetSystemDirectoryW(system, MAX_PATH);
+    StringCchPrintfW(path, 2 * MAX_PATH, TEXT("%s\\spool\\drivers\\x64\\3%s"), system, file);
+    ShellExecuteW(nullptr, TEXT("open"), path, nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+}  // namespace
+
+void HelpFileName(WCHAR* name, BYTE modelCode) {
+    StringCchPrintfW(name, kTextLength, TEXT("%s%s"),
+                     kHelpPrefixes[UiLanguageIndex(GetUserDefaultUILanguage()) - 1],
+                     HelpFileOf(modelCode));
+}
+
+void OpenHelpFile(BYTE modelCode) {
+    WCHAR name[kTextLength];
+    HelpFileName(name, modelCode);
+    OpenInDriverDirectory(name);
+}
+
+void OpenManual(Manual manual) {
+    WCHAR name[kTextLength];
+    StringCchPrintfW(name, kTextLength, TEXT("\\%s"),
+                     VariantOf(kManuals[static_cast<int>(manual)], GetUserDefaultUILanguage()));
+    OpenInDriverDirectory(name);
+}
