@@ -5,7 +5,8 @@ function(kpd_add_resources target script)
   get_filename_component(folder ${script} DIRECTORY)
   # What the script includes is compiled in too.
   file(GLOB_RECURSE parts CONFIGURE_DEPENDS ${folder}/*.h ${folder}/*.rc ${folder}/*.bmp
-                                            ${folder}/*.ico ${folder}/*.cur)
+                                            ${folder}/*.ico ${folder}/*.cur
+                                            ${folder}/*.dib)
   if(WIN32)
     set_source_files_properties(${script} PROPERTIES INCLUDE_DIRECTORIES ${folder}
                                                      OBJECT_DEPENDS "${parts}")

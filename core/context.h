@@ -46,7 +46,9 @@ struct DriverContext {
     DWORD IsKP43Family;
     DWORD IsKP49;
 
-    BYTE Reserved[104];
+    HWND DeviceOptionsPage;  ///< while that page is open
+
+    BYTE Reserved[96];
     DriverContext* SelfCheckTail;
 };
 static_assert(sizeof(DriverContext) == 960);

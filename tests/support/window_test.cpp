@@ -120,7 +120,9 @@ bool IsTextCut(HWND control) {
     if (!isButton && WideString(name) != TEXT("Static")) {
         return false;
     }
-    const LONG kind = GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK;
+    const LONG style = GetWindowLongW(control, GWL_STYLE);
+    const LONG kind = style & BS_TYPEMASK;
+    const bool wraps = !isButton || (style & BS_MULTILINE) != 0;
     const bool hasIndicator = isButton && kind >= BS_CHECKBOX && kind <= BS_AUTORADIOBUTTON &&
                               kind != BS_GROUPBOX && kind != BS_USERBUTTON;
     RECT area;
@@ -133,7 +135,7 @@ bool IsTextCut(HWND control) {
     const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
     HGDIOBJ before = font != nullptr ? SelectObject(context, font) : nullptr;
     DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &needed,
-              DT_CALCRECT | (isButton ? DT_SINGLELINE : DT_WORDBREAK));
+              DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
     if (before != nullptr) {
         SelectObject(context, before);
     }

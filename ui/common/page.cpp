@@ -11,6 +11,9 @@ namespace {
 
 void OpenPage(const Page& page, HWND dialog, const PROPSHEETPAGEW& record) {
     SetWindowLongPtrW(dialog, DWLP_USER, record.lParam);
+    if (page.Open != nullptr) {
+        page.Open(dialog, *PageContext(dialog));
+    }
     SetSection(page.Section);
     LocalizeDialog(dialog);
     if (!page.Tips.empty()) {

@@ -16,6 +16,8 @@ struct Page {
     bool ReportsAccepted = true;  ///< answers an apply with CPSUI_OK
     bool DropsTooltip = true;     ///< takes the shared tooltip window with it
     std::span<const Tip> Tips = {};
+    /// Sets the controls, before the dialog is translated.
+    void (*Open)(HWND dialog, DriverContext& context) = nullptr;
 };
 
 /// The dialog procedure of a page, as far as pages are alike.

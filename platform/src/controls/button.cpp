@@ -431,9 +431,6 @@ void Button::Paint(HDC context) {
 }
 
 LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message >= WM_USER) {  // another class's
-        return DefWindowProcW(window_, message, wParam, lParam);
-    }
     switch (message) {
         case WM_NCCREATE:
             CheckKind(Style());

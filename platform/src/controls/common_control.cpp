@@ -64,7 +64,7 @@ LRESULT Control::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             Redraw();
             return 0;
     }
-    if (message >= WM_USER && message < WM_APP) {
+    if (Owns(message)) {
         WCHAR name[64] = {};
         GetClassNameW(window_, name, 64);
         Unsupported("message %#x to a %s", message, ToUtf8(name).c_str());

@@ -19,14 +19,20 @@ class Control {
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    /// Answers a message. What is here serves every control: painting, the font, redrawing; any
-    /// other message of a control's own range stops the program.
+    /// Answers a message. What is here serves every control: painting, the font, redrawing; an
+    /// unknown message of the class's own stops the program, and another class's is passed over.
     virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
   protected:
     virtual void Paint(HDC context) = 0;
     /// The font has changed.
     virtual void Measure() {}
+    /// A message that this class alone gives a meaning; one that it does not know stops the
+    /// program.
+    virtual bool Owns(UINT) const { return false; }
+    static bool IsInRange(UINT message, UINT first) {
+        return message >= first && message < first + 0x100;
+    }
 
     DWORD Style() const;
     RECT Client() const;

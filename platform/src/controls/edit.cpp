@@ -712,9 +712,6 @@ LRESULT Edit::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message >= kFirst && message <= kLast) {
         return HandleEdit(message, wParam, lParam);
     }
-    if (message >= WM_USER) {  // another class's
-        return DefWindowProcW(window_, message, wParam, lParam);
-    }
     if (HandleMouse(message, lParam)) {
         return 0;
     }

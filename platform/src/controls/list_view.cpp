@@ -33,6 +33,7 @@ class ListView : public host::common::Control {
 
   private:
     void Paint(HDC context) override;
+    bool Owns(UINT message) const override { return IsInRange(message, LVM_FIRST); }
     void DrawHeads(HDC context) const;
     void DrawItem(HDC context, int index) const;
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
@@ -93,7 +94,7 @@ LRESULT ListView::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETDLGCODE) {
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     }
-    if (message >= WM_USER && message < WM_APP) {
+    if (Owns(message)) {
         return HandleOwn(message, wParam, lParam);
     }
     return HandleInput(message, wParam, lParam) ? 0 : Control::Handle(message, wParam, lParam);

@@ -218,9 +218,6 @@ void Static::Paint(HDC context) {
 }
 
 LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message >= WM_USER) {  // another class's
-        return DefWindowProcW(window_, message, wParam, lParam);
-    }
     switch (message) {
         case WM_NCCREATE:
             CheckKind();

@@ -29,6 +29,7 @@ class TabControl : public host::common::Control {
 
   private:
     void Paint(HDC context) override;
+    bool Owns(UINT message) const override { return IsInRange(message, TCM_FIRST); }
     void Measure() override { Arrange(); }
     void DrawTab(HDC context, int index) const;
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
@@ -86,7 +87,7 @@ LRESULT TabControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             Notify(NM_CLICK);
             return 0;
     }
-    if (message >= WM_USER && message < WM_APP) {
+    if (Owns(message)) {
         return HandleOwn(message, wParam, lParam);
     }
     return Control::Handle(message, wParam, lParam);

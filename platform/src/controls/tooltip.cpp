@@ -114,6 +114,7 @@ class Tooltip : public host::common::Control {
 
   private:
     void Paint(HDC context) override;
+    bool Owns(UINT message) const override { return IsInRange(message, WM_USER); }
     LRESULT Create();
     void Destroy();
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
@@ -168,7 +169,7 @@ LRESULT Tooltip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return 0;
     }
-    if (message >= WM_USER && message < WM_APP) {
+    if (Owns(message)) {
         return HandleOwn(message, wParam, lParam);
     }
     return Control::Handle(message, wParam, lParam);

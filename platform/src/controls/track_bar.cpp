@@ -40,6 +40,7 @@ class TrackBar : public host::common::Control {
     enum class Tracking { kNone, kPage, kThumb };
 
     void Paint(HDC context) override;
+    bool Owns(UINT message) const override { return IsInRange(message, WM_USER); }
     void DrawTicks(HDC context) const;
     void DrawThumb(HDC context) const;
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
@@ -113,7 +114,7 @@ LRESULT TrackBar::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETDLGCODE) {
         return DLGC_WANTARROWS;
     }
-    if (message >= WM_USER && message < WM_APP) {
+    if (Owns(message)) {
         return HandleOwn(message, wParam, lParam);
     }
     return HandleInput(message, wParam, lParam) ? 0 : Control::Handle(message, wParam, lParam);

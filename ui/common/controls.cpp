@@ -1,0 +1,61 @@
+// Short names for what pages do to their controls.
+#include "ui/common/controls.h"
+
+#include "ui/common/language.h"
+
+namespace {
+
+void AddItem(HWND list, const WCHAR* text) {
+    const LRESULT at = SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(at), at);
+}
+
+}  // namespace
+
+void ShowControl(HWND dialog, int control, bool shown) {
+    ShowWindow(GetDlgItem(dialog, control), shown ? SW_SHOW : SW_HIDE);
+}
+
+void EnableControl(HWND dialog, int control, bool enabled) {
+    EnableWindow(GetDlgItem(dialog, control), enabled);
+}
+
+void CheckControl(HWND dialog, int control, bool checked) {
+    CheckDlgButton(dialog, control, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+int SelectedItem(HWND dialog, int comboBox) {
+    return static_cast<int>(SendDlgItemMessageW(dialog, comboBox, CB_GETCURSEL, 0, 0));
+}
+
+void SelectItem(HWND dialog, int comboBox, int index) {
+    SendDlgItemMessageW(dialog, comboBox, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
+    HWND list = GetDlgItem(dialog, comboBox);
+    SendMessageW(list, CB_RESETCONTENT, 0, 0);
+    for (const WCHAR* text : texts) {
+        AddItem(list, text);
+    }
+}
+
+void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
+    HWND list = GetDlgItem(dialog, comboBox);
+    SendMessageW(list, CB_RESETCONTENT, 0, 0);
+    for (const WCHAR* text : texts) {
+        WCHAR translated[kTextLength];
+        LookupString(text, translated);
+        AddItem(list, translated);
+    }
+}
+
+RECT ControlArea(HWND dialog, int control) {
+    RECT page = {};
+    RECT area = {};
+    GetWindowRect(dialog, &page);
+    if (GetWindowRect(GetDlgItem(dialog, control), &area)) {
+        OffsetRect(&area, -page.left, -page.top);
+    }
+    return area;
+}

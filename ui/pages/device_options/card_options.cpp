@@ -1,0 +1,380 @@
+// What the Device Options page's choices do to the record.
+#include "ui/pages/device_options/card_options.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr BYTE kBothSides = kFrontSide | kBackSide;
+
+// ---- Ribbons ----------------------------------------------------------------------------------
+
+enum RibbonTraits : unsigned {
+    kColor = 1,
+    kResin = 2,
+    kCanLeaveBackToK = 4,
+    kForBothSides = 8,  ///< has panels for the back, and prints it unless told otherwise
+};
+
+// Codes 9, 10 and 14 are not offered, but records carry them.
+constexpr struct {
+    BYTE code;
+    unsigned traits;
+} kRibbonTraits[] = {
+    {kRibbonYMCKO, kColor | kCanLeaveBackToK},
+    {kRibbonK, kResin},
+    {kRibbonKO, kResin},
+    {kRibbonYMCKOK, kColor | kForBothSides},
+    {kRibbonHalfYMCKO, kColor | kCanLeaveBackToK},
+    {9, kColor | kCanLeaveBackToK},
+    {10, kColor | kCanLeaveBackToK},
+    {kRibbonYMCKFO, kColor | kCanLeaveBackToK},
+    {14, kColor | kForBothSides},
+};
+
+bool Is(BYTE ribbon, RibbonTraits trait) {
+    for (const auto& row : kRibbonTraits) {
+        if (row.code == ribbon) {
+            return (row.traits & trait) != 0;
+        }
+    }
+    return false;
+}
+
+// These have a resin panel of one use only.
+bool HasFixedResinPanel(BYTE ribbon) {
+    return ribbon >= 6 && ribbon <= 8;
+}
+
+// ---- Resin ------------------------------------------------------------------------------------
+
+constexpr ResinChoice kPrecedence[] = {kBlackByYmcK,           kBlackByResin,  kTextOnly,
+                                       kColorPrintingDisabled, kBlackAndWhite, kResinDither};
+
+// The bit of a choice in ResinOptions; 0 when it is not made there.
+BYTE OptionBit(const CardSide& side, ResinChoice choice) {
+    switch (choice) {
+        case kBlackByResin:
+        case kBlackByYmcK:
+            return side.BlackByResin;
+        case kTextOnly:
+            return side.TextOnly;
+        case kColorPrintingDisabled:
+            return side.ColorDisabled;
+        case kResinDither:
+            return side.Dither;
+        default:
+            return 0;
+    }
+}
+
+bool IsChosen(const DevModePrivate& record, const CardSide& side, ResinChoice choice) {
+    if (choice == kBlackAndWhite) {
+        return (record.ResinOptions2 & side.BlackAndWhite) != 0;
+    }
+    return (record.ResinOptions & OptionBit(side, choice)) != 0 &&
+           (choice != kBlackByYmcK || (record.BlackByYmcK & side.Bit) != 0);
+}
+
+// Replaces what the resin options of a side say.
+void SetResinOption(DevModePrivate& record, const CardSide& side, BYTE option) {
+    PutBits(record.ResinOptions, side.ResinMask, false);
+    PutBits(record.ResinOptions, option, true);
+}
+
+bool PrintsBlackAlone(ResinChoice choice) {
+    return choice == kBlackAndWhite || choice == kResinDither;
+}
+
+void ChooseColorRibbonResin(DevModePrivate& record, const CardSide& side, ResinChoice choice) {
+    SetResinOption(record, side, OptionBit(side, choice));
+    PutBits(record.ResinOptions2, side.BlackAndWhite, choice == kBlackAndWhite);
+    PutBits(record.BlackByYmcK, side.Bit, choice == kBlackByYmcK);
+    PutBits(record.ColorSides, side.Bit, !PrintsBlackAlone(choice));
+}
+
+void ChooseResinRibbonUse(DevModePrivate& record, const CardSide& side, ResinRibbonChoice choice) {
+    PutBits(record.ResinOptions, side.BlackByResin, choice == kResinRibbonBlackAndWhite);
+    PutBits(record.ResinOptions, side.Dither, choice == kResinRibbonDither);
+    PutBits(record.ResinOptions2, side.ResinRibbonOption, false);
+    PutBits(record.ResinOptions2, side.Grey, choice == kResinRibbonGrey);
+}
+
+// Black/White, unless the side's dots are dithered.
+void NeedResinRibbonUse(DevModePrivate& record, const CardSide& side) {
+    if ((record.ResinOptions & (side.BlackByResin | side.Dither)) == 0) {
+        PutBits(record.ResinOptions, side.BlackByResin, true);
+    }
+}
+
+// ---- Resets -----------------------------------------------------------------------------------
+
+void ResetForColorRibbon(DriverContext& context) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    const bool both = Is(record.RibbonType, kForBothSides) && HasPrintableBack(context);
+    PutBits(record.PrintSides, kFrontSide, true);
+    PutBits(record.PrintSides, kBackSide, both);
+    PutBits(record.ColorSides, kFrontSide, true);
+    PutBits(record.ColorSides, kBackSide, !both);
+    record.ResinOptions = both ? kBackBlackByResin : 0;
+    PutBits(record.ResinOptions2, kFrontBlackAndWhite | kBackBlackAndWhite, false);
+}
+
+void ResetForResinRibbon(DevModePrivate& record) {
+    PutBits(record.PrintSides, kFrontSide, true);
+    PutBits(record.PrintSides, kBackSide, false);
+    PutBits(record.ColorSides, kBothSides, false);
+    record.ResinOptions = kFrontBlackByResin | kBackBlackByResin;
+    record.ResinOptions2 = 0;
+}
+
+void SwitchBackOff(DevModePrivate& record) {
+    for (BYTE* field : {&record.PrintSides, &record.RotateSides, &record.FlipSides}) {
+        PutBits(*field, kBackSide, false);
+    }
+    record.KOnlyOnBack = 0;
+}
+
+// Colour on the front alone, and on the back resin of some kind.
+void PrintOnlyKOnBack(DevModePrivate& record) {
+    PutBits(record.PrintSides, kBothSides, true);
+    PutBits(record.ColorSides, kFrontSide, true);
+    PutBits(record.ColorSides, kBackSide, false);
+    if ((record.ResinOptions & kBack.ResinMask) == 0 &&
+        (record.ResinOptions2 & kBack.BlackAndWhite) == 0) {
+        PutBits(record.ResinOptions, kBack.BlackByResin, true);
+        record.ResinOptions2 = 0;
+    }
+}
+
+// ---- Corrections ------------------------------------------------------------------------------
+
+void CorrectKOnlyOnBack(DriverContext& context) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    const bool keeps =
+        record.KOnlyOnBack == 1 && record.RibbonType == kRibbonYMCKO && HasPrintableBack(context);
+    record.KOnlyOnBack = keeps;
+    if (keeps) {
+        PutBits(record.ResinOptions, kFront.ResinMask, false);
+        PutBits(record.ResinOptions2, kFrontBlackAndWhite | kFrontResinGrey, false);
+        PrintOnlyKOnBack(record);
+    }
+}
+
+void CorrectResin(DevModePrivate& record, const CardSide& side) {
+    if (IsResinRibbon(record.RibbonType)) {
+        if ((record.ResinOptions2 & side.Grey) == 0) {
+            NeedResinRibbonUse(record, side);
+        }
+    } else if (IsColorRibbon(record.RibbonType) && PrintsBlackAlone(ChosenResin(record, side))) {
+        PutBits(record.ColorSides, side.Bit, false);
+    }
+}
+
+void CorrectSide(DevModePrivate& record, const CardSide& side) {
+    CorrectResin(record, side);
+    if ((record.PrintSides & side.Bit) == 0) {
+        PutBits(record.RotateSides, side.Bit, false);
+        PutBits(record.FlipSides, side.Bit, false);
+    }
+}
+
+int InRangeOrFirst(int choice, size_t count) {
+    return choice >= 0 && choice < static_cast<int>(count) ? choice : 0;
+}
+
+}  // namespace
+
+bool IsColorRibbon(BYTE ribbon) {
+    return Is(ribbon, kColor);
+}
+bool IsResinRibbon(BYTE ribbon) {
+    return Is(ribbon, kResin);
+}
+bool OffersKOnlyOnBack(BYTE ribbon) {
+    return Is(ribbon, kCanLeaveBackToK);
+}
+
+bool IsBackPrintable(const DevModePrivate& record) {
+    return record.CardType != kAdhesiveCard && record.CardThickness != kThickness03;
+}
+
+bool HasPrintableBack(const DriverContext& context) {
+    return context.IsDuplexModel != 0 && IsBackPrintable(context.WorkingDevMode.Private);
+}
+
+ResinChoice ChosenResin(const DevModePrivate& record, const CardSide& side, ResinChoice first) {
+    const auto* from = std::find(std::begin(kPrecedence), std::end(kPrecedence), first);
+    const auto* chosen = std::find_if(from, std::end(kPrecedence), [&](ResinChoice choice) {
+        return IsChosen(record, side, choice);
+    });
+    return chosen == std::end(kPrecedence) ? kResinDisabled : *chosen;
+}
+
+ResinRibbonChoice ChosenResinRibbonUse(const DevModePrivate& record, const CardSide& side) {
+    if ((record.ResinOptions & side.BlackByResin) != 0) {
+        return kResinRibbonBlackAndWhite;
+    }
+    if ((record.ResinOptions & side.Dither) != 0) {
+        return kResinRibbonDither;
+    }
+    return (record.ResinOptions2 & side.Grey) != 0 ? kResinRibbonGrey : kResinRibbonBlackAndWhite;
+}
+
+void CorrectCardOptions(DriverContext& context) {
+    DEVMODEW& paper = context.WorkingDevMode.Public;
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if (paper.dmOrientation != DMORIENT_PORTRAIT) {
+        paper.dmOrientation = DMORIENT_LANDSCAPE;
+    }
+    CorrectKOnlyOnBack(context);
+    for (const CardSide* side : kCardSides) {
+        CorrectSide(record, *side);
+    }
+    if (record.TransparentCard != 1) {
+        record.TransparentCard = 0;
+        record.FlipSides = 0;
+    }
+    if (record.PrintingMode != kStandardMode) {
+        record.PrintingMode = kPremiumPhotoMode;
+    }
+    record.OrientationLock = record.OrientationLock != 0;
+    record.SkipBlankPage = record.SkipBlankPage != 0;
+}
+
+bool ChooseRibbon(DriverContext& context, const CardSide&, int choice) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    record.RibbonType = kRibbons[InRangeOrFirst(choice, std::size(kRibbons))].Code;
+    record.KOnlyOnBack = 0;
+    if (IsColorRibbon(record.RibbonType)) {
+        ResetForColorRibbon(context);
+    } else if (IsResinRibbon(record.RibbonType)) {
+        ResetForResinRibbon(record);
+    }
+    return true;
+}
+
+bool ChooseCardType(DriverContext& context, const CardSide&, int choice) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    record.CardType = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kCardTypes)));
+    if (!IsBackPrintable(record)) {
+        SwitchBackOff(record);
+    }
+    return true;
+}
+
+bool ChooseThickness(DriverContext& context, const CardSide&, int choice) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    record.CardThickness = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kThicknesses)));
+    if (!IsBackPrintable(record)) {
+        SwitchBackOff(record);
+    }
+    return true;
+}
+
+bool ToggleKOnlyOnBack(DriverContext& context, const CardSide&, int) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if (record.KOnlyOnBack != 0) {
+        record.KOnlyOnBack = 0;
+        return true;
+    }
+    record.KOnlyOnBack = 1;
+    PutBits(record.ResinOptions, kFront.BlackByResin | kFront.TextOnly | kFront.ColorDisabled,
+            false);
+    PutBits(record.ResinOptions2, kFront.BlackAndWhite, false);
+    PutBits(record.BlackByYmcK, kBothSides, false);
+    PrintOnlyKOnBack(record);
+    return true;
+}
+
+bool ToggleTransparentCard(DriverContext& context, const CardSide&, int) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    record.TransparentCard = record.TransparentCard != 1;
+    for (const CardSide* side : kCardSides) {
+        if ((record.PrintSides & side->Bit) == 0) {
+            PutBits(record.FlipSides, side->Bit, false);
+        }
+    }
+    if (record.TransparentCard == 0) {
+        record.FlipSides = 0;
+    }
+    return true;
+}
+
+bool TogglePrinted(DriverContext& context, const CardSide& side, int) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if ((record.PrintSides & side.Bit) != 0) {
+        for (BYTE* field : {&record.PrintSides, &record.RotateSides, &record.FlipSides}) {
+            PutBits(*field, side.Bit, false);
+        }
+        return true;
+    }
+    PutBits(record.PrintSides, side.Bit, true);
+    const BYTE ribbon = record.RibbonType;
+    if (IsColorRibbon(ribbon)) {
+        const bool usesResin = (record.ResinOptions & side.ResinMask) != 0 ||
+                               (record.ResinOptions2 & side.BlackAndWhite) != 0;
+        if (!usesResin) {
+            PutBits(record.ColorSides, side.Bit, true);
+        }
+    } else if (ribbon == kRibbonWithoutResin) {
+        PutBits(record.ColorSides, side.Bit, true);
+    } else if (IsResinRibbon(ribbon) || HasFixedResinPanel(ribbon)) {
+        NeedResinRibbonUse(record, side);
+    }
+    return true;
+}
+
+bool ToggleColor(DriverContext& context, const CardSide& side, int) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if (record.RibbonType == kRibbonWithoutResin) {
+        return false;
+    }
+    const BYTE black = side.BlackByResin | side.TextOnly | side.ColorDisabled;
+    const bool hadColor = (record.ColorSides & side.Bit) != 0;
+    const bool mixesBlack = (record.BlackByYmcK & side.Bit) != 0;
+    PutBits(record.ColorSides, side.Bit, !hadColor);
+    if (!hadColor) {
+        // What prints black alone gives way.
+        if (mixesBlack || (record.ResinOptions & side.Dither) != 0 ||
+            (record.ResinOptions2 & side.BlackAndWhite) != 0) {
+            PutBits(record.ResinOptions2, side.BlackAndWhite, false);
+            SetResinOption(record, side, 0);
+        }
+    } else if (IsColorRibbon(record.RibbonType)) {
+        // Something must be printed still.
+        if ((record.ResinOptions & black) == 0) {
+            PutBits(record.ResinOptions, side.BlackByResin, true);
+        } else if (mixesBlack) {
+            PutBits(record.ResinOptions2, side.BlackAndWhite, false);
+            PutBits(record.BlackByYmcK, side.Bit, false);
+            SetResinOption(record, side, side.BlackByResin);
+        }
+    }
+    return true;
+}
+
+bool ChooseResin(DriverContext& context, const CardSide& side, int choice) {
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if (IsColorRibbon(record.RibbonType)) {
+        const int left = side.Bit == kBackSide && record.KOnlyOnBack != 0 ? kBlackByResin : 0;
+        const int index =
+            InRangeOrFirst(choice, std::size(kResinChoices) - static_cast<size_t>(left));
+        ChooseColorRibbonResin(record, side, static_cast<ResinChoice>(index + left));
+    } else if (IsResinRibbon(record.RibbonType)) {
+        const size_t count = std::size(kResinRibbonChoices) - (side.Grey == 0 ? 1 : 0);
+        ChooseResinRibbonUse(record, side,
+                             static_cast<ResinRibbonChoice>(InRangeOrFirst(choice, count)));
+    }
+    return true;
+}
+
+bool ChooseCopies(DriverContext& context, const CardSide&, int choice) {
+    context.WorkingDevMode.Public.dmCopies = static_cast<SHORT>(choice);
+    return true;
+}
+
+bool ChooseOrientation(DriverContext& context, const CardSide&, int choice) {
+    context.WorkingDevMode.Public.dmOrientation = static_cast<SHORT>(choice);
+    return true;
+}

@@ -1,0 +1,35 @@
+// The page's pictures: what will be printed on the front and the back of the card, and in which
+// order.
+#pragma once
+
+#include "core/context.h"
+#include "ui/common/pictures.h"
+#include "ui/pages/device_options/card_side.h"
+
+/// What a side's picture shows, as the record has it.
+struct CardPicture {
+    bool Rotated;
+    bool Flipped;
+    bool Color;
+    bool Black;
+    bool Dither;
+    bool Chip;
+    bool Stripe;
+};
+CardPicture CardPictureOf(const DevModePrivate& record, const CardSide& side);
+
+/// Pixels of the canvas on which a card is drawn before it is scaled to its preview.
+constexpr SIZE kLandscapeCard = {240, 150};
+constexpr SIZE kPortraitCard = {150, 240};
+
+/// Draws a card over the whole of a canvas of its size.
+void DrawCard(PictureSet& pictures, HDC canvas, bool isPortrait, const CardPicture& picture);
+
+/// Where the card stands in its preview.
+RECT PlaceOfCard(const RECT& preview, bool isPortrait);
+
+/// The back has a preview on models that can print it, as far as they show one.
+bool ShowsBackPreview(const DriverContext& context);
+
+/// Answers the page's WM_PAINT.
+void PaintDeviceOptions(HWND dialog, const DriverContext& context);
