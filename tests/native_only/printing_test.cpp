@@ -143,7 +143,7 @@ TEST_F(DrawnNatively, IconsAreDrawnThroughTheirMasksAndSharedOnesStay) {
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(host::CurrentHoldings().drawingObjects, 1u);
     host::Picture picture = {4, 2, std::vector<std::uint32_t>(8, 0xFFFF00)};
-    HDC context = host::NewPictureContext(&picture, {1, 0}, {0, 0, 4, 2});
+    HDC context = host::NewPictureContext(&picture, {1, 0}, {{0, 0, 4, 2}});
     EXPECT_TRUE(DrawIconEx(context, 0, 0, icon, 0, 0, 0, nullptr, DI_NORMAL));
     const std::vector<std::uint32_t> expected = {0xFFFF00, 0xFF0000, 0x000000, 0xFFFF00,
                                                  0xFFFF00, 0xFFFF00, 0x00FF00, 0xFFFF00};
@@ -162,8 +162,8 @@ TEST_F(DrawnNatively, IconsAreDrawnThroughTheirMasksAndSharedOnesStay) {
 TEST_F(DrawnNatively, ShrinkingInHalftonesTakesMeans) {
     host::Picture from = {4, 2, {0, 0xFFFFFF, 0x102030, 0x102030, 0xFFFFFF, 0, 0x304050, 0x304050}};
     host::Picture to = {2, 1, {0, 0}};
-    HDC source = host::NewPictureContext(&from, {0, 0}, {0, 0, 4, 2});
-    HDC target = host::NewPictureContext(&to, {0, 0}, {0, 0, 2, 1});
+    HDC source = host::NewPictureContext(&from, {0, 0}, {{0, 0, 4, 2}});
+    HDC target = host::NewPictureContext(&to, {0, 0}, {{0, 0, 2, 1}});
     SetStretchBltMode(target, HALFTONE);
     EXPECT_TRUE(StretchBlt(target, 0, 0, 2, 1, source, 0, 0, 4, 2, SRCCOPY));
     EXPECT_EQ(to.pixels, (std::vector<std::uint32_t>{0x808080, 0x203040}));

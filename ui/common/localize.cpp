@@ -86,7 +86,9 @@ void LocalizeText(HWND window) {
     GetWindowTextW(window, text, kControlTextLength);
     WCHAR translated[kTextLength];
     LookupString(text, translated);
-    SetWindowTextW(window, translated);
+    if (!TextEquals(text, translated)) {  // an edit control would tell of a change
+        SetWindowTextW(window, translated);
+    }
 }
 
 void LocalizeControl(HWND control) {

@@ -62,7 +62,7 @@ HDC AddContext(Context context) {
     return handle;
 }
 
-HDC NewPictureContext(Picture* target, POINT origin, const RECT& clip) {
+HDC NewPictureContext(Picture* target, POINT origin, Region clip) {
     if (FailsNow(Call::kDrawing)) {
         return nullptr;
     }
@@ -70,7 +70,7 @@ HDC NewPictureContext(Picture* target, POINT origin, const RECT& clip) {
     context.kind = ContextKind::kPicture;
     context.target = target;
     context.origin = origin;
-    context.state.clip = {clip};
+    context.state.clip = clip.empty() ? Region{{}} : std::move(clip);  // nothing, not everything
     return AddContext(std::move(context));
 }
 

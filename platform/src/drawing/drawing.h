@@ -5,10 +5,18 @@
 
 namespace host {
 
+RECT Common(const RECT& a, const RECT& b);  ///< empty in width or height when there is nothing
+bool IsEmpty(const RECT& rect);
+
+/// Rectangles that do not overlap.
+using Region = std::vector<RECT>;
+void KeepInside(Region& region, const RECT& rect);
+void KeepOutside(Region& region, const RECT& rect);
+
 /// A device context that draws on `target`, which must outlive it: its point (0, 0) is `origin` in
 /// the picture, and nothing outside `clip` (in the picture's coordinates) is touched. Null when
 /// ordered to fail (Call::kDrawing).
-HDC NewPictureContext(Picture* target, POINT origin, const RECT& clip);
+HDC NewPictureContext(Picture* target, POINT origin, Region clip);
 void DeletePictureContext(HDC context);
 
 /// A bitmap from the bytes of a bitmap resource: a BITMAPINFO with its colours and pixels. Null

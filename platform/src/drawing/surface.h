@@ -40,14 +40,6 @@ struct Surface {
 
 Surface SurfaceOf(Picture& picture);
 
-RECT Common(const RECT& a, const RECT& b);  ///< empty in width or height when there is nothing
-bool IsEmpty(const RECT& rect);
-
-/// Rectangles that do not overlap.
-using Region = std::vector<RECT>;
-void KeepInside(Region& region, const RECT& rect);
-void KeepOutside(Region& region, const RECT& rect);
-
 /// The result of a ternary raster operation on a pixel; stops at an unknown one.
 Pixel Combine(DWORD operation, Pixel target, Pixel source, Pixel pattern);
 bool UsesSource(DWORD operation);

@@ -4,10 +4,13 @@
 #include "windows/windows.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
+using host::IsEmpty;
 using host::Picture;
+using host::Region;
 using host::Window;
 using host::WindowPointer;
 
@@ -17,6 +20,7 @@ struct WindowContext {
 };
 std::unordered_map<HDC, WindowContext> contexts;
 std::shared_ptr<Picture> screen;
+constexpr LONG kFar = 0x3FFFFFF;
 
 RECT Shifted(const RECT& rect, int dx, int dy) {
     return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
@@ -28,21 +32,17 @@ RECT Overlap(const RECT& a, const RECT& b) {
     return both.left < both.right && both.top < both.bottom ? both : RECT{};
 }
 
-bool IsEmpty(const RECT& rect) {
-    return rect.left >= rect.right || rect.top >= rect.bottom;
-}
-
 bool Contains(const RECT& outer, const RECT& inner) {
     return outer.left <= inner.left && outer.top <= inner.top && outer.right >= inner.right &&
            outer.bottom >= inner.bottom;
 }
 
-RECT Union(const RECT& a, const RECT& b) {
-    if (IsEmpty(a) || IsEmpty(b)) {
-        return IsEmpty(a) ? b : a;
+RECT Bounds(const Region& region) {
+    RECT bounds = {};
+    for (const RECT& rect : region) {
+        UnionRect(&bounds, &bounds, &rect);
     }
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
+    return bounds;
 }
 
 std::shared_ptr<Picture> NewPicture(int width, int height) {
@@ -108,18 +108,19 @@ void ExcludeSiblings(HDC context, const Window& window, POINT origin) {
 }
 
 // A context for the window, or its client area; `update` (in client coordinates) narrows it.
-HDC MakeContext(Window& window, bool whole, const RECT* update, bool clipChildren) {
+HDC MakeContext(Window& window, bool whole, const Region* update, bool clipChildren) {
     Window& root = host::RootOf(window);
     const std::shared_ptr<Picture> picture = PictureOf(root);
     const POINT corner = host::OriginOf(root);
     const POINT origin = whole ? host::OriginOf(window) : host::ClientOriginOf(window);
-    RECT clip = VisiblePart(window, whole);
-    if (update != nullptr) {
-        clip = Overlap(clip, Shifted(*update, origin.x, origin.y));
+    const RECT visible = VisiblePart(window, whole);
+    Region clip;
+    for (const RECT& part : update != nullptr ? *update : Region{{-kFar, -kFar, kFar, kFar}}) {
+        clip.push_back(
+            Shifted(Overlap(visible, Shifted(part, origin.x, origin.y)), -corner.x, -corner.y));
     }
-    const HDC context =
-        host::NewPictureContext(picture.get(), {origin.x - corner.x, origin.y - corner.y},
-                                Shifted(clip, -corner.x, -corner.y));
+    const HDC context = host::NewPictureContext(
+        picture.get(), {origin.x - corner.x, origin.y - corner.y}, std::move(clip));
     if (context == nullptr) {
         return nullptr;
     }
@@ -146,7 +147,7 @@ bool Release(HDC context) {
 }
 
 bool NeedsPaint(const Window& window) {
-    return !IsEmpty(window.update) || window.internalPaint;
+    return !window.update.empty() || window.internalPaint;
 }
 
 // Painting one of the windows around it will draw over the window.
@@ -172,7 +173,8 @@ void Invalidate(Window& window, const RECT& rect, UINT flags) {
             return (child->style & WS_VISIBLE) != 0 && Contains(child->rect, part);
         });
     if (!IsEmpty(part) && !coveredByChild) {
-        window.update = Union(window.update, part);
+        host::KeepOutside(window.update, part);
+        window.update.push_back(part);
         window.erase = window.erase || (flags & RDW_ERASE) != 0;
     }
     if ((flags & RDW_FRAME) != 0) {
@@ -196,28 +198,9 @@ void Invalidate(Window& window, const RECT& rect, UINT flags) {
     }
 }
 
-// Cuts a rectangle out of what is to be painted, as far as a rectangle remains.
-RECT Subtract(const RECT& from, const RECT& cut) {
-    RECT rest = from;
-    if (cut.left <= from.left && cut.right >= from.right) {
-        if (cut.top <= from.top) {
-            rest.top = std::max(from.top, cut.bottom);
-        } else if (cut.bottom >= from.bottom) {
-            rest.bottom = std::min(from.bottom, cut.top);
-        }
-    } else if (cut.top <= from.top && cut.bottom >= from.bottom) {
-        if (cut.left <= from.left) {
-            rest.left = std::max(from.left, cut.right);
-        } else if (cut.right >= from.right) {
-            rest.right = std::min(from.right, cut.left);
-        }
-    }
-    return IsEmpty(rest) ? RECT{} : rest;
-}
-
 void Validate(Window& window, const RECT& rect, UINT flags) {
-    window.update = Subtract(window.update, rect);
-    if (IsEmpty(window.update)) {
+    host::KeepOutside(window.update, rect);
+    if (window.update.empty()) {
         window.erase = window.internalPaint = window.paintFrame = false;
     }
     if ((flags & RDW_NOCHILDREN) != 0 ||
@@ -414,9 +397,9 @@ BOOL WINAPI GetUpdateRect(HWND handle, LPRECT rect, BOOL erase) {
         host::EraseNow(*window);
     }
     if (rect != nullptr) {
-        *rect = window->update;
+        *rect = Bounds(window->update);
     }
-    return !IsEmpty(window->update);
+    return !window->update.empty();
 }
 
 HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
@@ -425,9 +408,8 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
         return nullptr;
     }
     PaintFrameNow(*window);
-    const RECT update = window->update;
+    const Region update = std::exchange(window->update, {});
     const HDC context = MakeContext(*window, false, &update, ClipsChildren(*window));
-    window->update = {};
     window->internalPaint = false;
     if (context == nullptr) {
         window->erase = false;
@@ -437,7 +419,7 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
     *paint = {};
     paint->hdc = context;
     paint->fErase = window->erase;
-    paint->rcPaint = update;
+    paint->rcPaint = Bounds(update);
     return context;
 }
 

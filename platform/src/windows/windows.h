@@ -1,6 +1,7 @@
 // The windows of the stand-in: what a window is, and what the files of this folder share.
 #pragma once
 
+#include "drawing/drawing.h"
 #include "host_state.h"
 
 #include <map>
@@ -39,7 +40,7 @@ struct Window {
     std::map<WideString, HANDLE> properties;
     HICON icons[2] = {};
     HWND lastActivePopup = nullptr;
-    RECT update = {};  // what is to be painted, in client coordinates; empty when nothing is
+    Region update;  // what is to be painted, in client coordinates
     bool erase = false;
     bool paintFrame = false;
     bool internalPaint = false;
