@@ -44,6 +44,7 @@ void OptionsPageTest::SetUp() {
     InitLanguageFile();
     BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
     SetModel({});
+    changes = 0;
     parentProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountChanges)));
     SetWindowPos(parent_, nullptr, 20, 20, 480, 400, SWP_NOZORDER);

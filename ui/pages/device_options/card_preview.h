@@ -8,13 +8,13 @@
 
 /// What a side's picture shows, as the record has it.
 struct CardPicture {
-    bool Rotated;
-    bool Flipped;
-    bool Color;
-    bool Black;
-    bool Dither;
-    bool Chip;
-    bool Stripe;
+    bool Rotated = false;
+    bool Flipped = false;
+    bool Color = false;
+    bool Black = false;
+    bool Dither = false;
+    bool Chip = false;
+    bool Stripe = false;
 };
 CardPicture CardPictureOf(const DevModePrivate& record, const CardSide& side);
 

@@ -220,6 +220,7 @@ void FollowRibbon(HWND dialog, const DriverContext& context, const CardSide&) {
 void FollowKOnlyOnBack(HWND dialog, const DriverContext& context, const CardSide& side) {
     if (context.WorkingDevMode.Private.KOnlyOnBack != 0) {
         SetSection(kSection);
+        FillResin(dialog, context, kFront, kBlackByResin);  // for when it is shown again
         FillResin(dialog, context, kBack, kTextOnly, kResinDither);
         RedrawPictures(dialog, side, kAllPictures);
     } else {
