@@ -3,7 +3,13 @@
 #include "core/context.h"
 #include "core/merge.h"
 #include "platform/host.h"
+#include "resources/resource.h"
 #include "tools/computer/computer.h"
+#include "ui/common/module.h"
+#include "ui/pages/device_options/card_preview.h"
+#include "ui/pages/device_options/device_options_page.h"
+
+#include <prsht.h>
 
 #include <benchmark/benchmark.h>
 
@@ -105,5 +111,64 @@ void NonInteractiveCall(benchmark::State& state) {
     ClosePrinter(printer);
 }
 BENCHMARK(NonInteractiveCall);
+
+// ---- The pictures of the Device Options page ----------------------------------------------------
+
+constexpr int kPageWidth = 450;
+constexpr int kPageHeight = 366;
+
+// The page by itself, both sides printed with all that can stand on them.
+class OpenPage {
+  public:
+    OpenPage() {
+        ModuleHandle = GetModuleHandleW(nullptr);
+        BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
+        context_.IsDuplexModel = 1;
+        DevModePrivate& record = context_.WorkingDevMode.Private;
+        record.PrintSides = record.ColorSides = record.ResinOptions = 3;
+        record.CardType = kChipMagneticCard;
+        parent_ = CreateWindowExW(0, TEXT("Static"), TEXT(""), WS_POPUP | WS_VISIBLE, 0, 0,
+                                  kPageWidth, kPageHeight, nullptr, nullptr, nullptr, nullptr);
+        PROPSHEETPAGEW record_of_page = {};
+        record_of_page.lParam = reinterpret_cast<LPARAM>(&context_);
+        page_ =
+            CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(IDD_DEVICE_OPTIONS), parent_,
+                               DeviceOptionsPageProc, reinterpret_cast<LPARAM>(&record_of_page));
+        ShowWindow(page_, SW_SHOW);
+        UpdateWindow(page_);
+    }
+    ~OpenPage() { DestroyWindow(parent_); }
+    HWND get() const { return page_; }
+
+  private:
+    DriverContext context_ = {};
+    HWND parent_ = nullptr;
+    HWND page_ = nullptr;
+};
+
+// Both previews and the page order.
+void PaintPictures(benchmark::State& state) {
+    const OpenPage page;
+    for (auto _ : state) {
+        RedrawWindow(page.get(), nullptr, nullptr, RDW_INVALIDATE | RDW_NOCHILDREN);
+        UpdateWindow(page.get());
+    }
+}
+BENCHMARK(PaintPictures);
+
+// What any painting of that size must do at least: scale three pictures onto the page.
+void ScaleThreePictures(benchmark::State& state) {
+    HDC screen = GetDC(nullptr);
+    const MemoryCanvas page(screen, kPageWidth, kPageHeight);
+    const MemoryCanvas card(screen, kLandscapeCard.cx, kLandscapeCard.cy);
+    const MemoryCanvas order(screen, 210, 330);
+    ReleaseDC(nullptr, screen);
+    for (auto _ : state) {
+        StretchSmoothly(page.get(), {0, 0, 162, 101}, card.get(), kLandscapeCard);
+        StretchSmoothly(page.get(), {180, 0, 342, 101}, card.get(), kLandscapeCard);
+        StretchSmoothly(page.get(), {360, 0, 441, 138}, order.get(), {210, 330});
+    }
+}
+BENCHMARK(ScaleThreePictures);
 
 }  // namespace
