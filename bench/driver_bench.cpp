@@ -5,6 +5,7 @@
 #include "platform/host.h"
 #include "resources/resource.h"
 #include "tools/computer/computer.h"
+#include "ui/common/language.h"
 #include "ui/common/module.h"
 #include "ui/pages/device_options/card_preview.h"
 #include "ui/pages/device_options/device_options_page.h"
@@ -122,6 +123,7 @@ class OpenPage {
   public:
     OpenPage() {
         ModuleHandle = GetModuleHandleW(nullptr);
+        InitLanguageFile();
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
         context_.IsDuplexModel = 1;
         DevModePrivate& record = context_.WorkingDevMode.Private;

@@ -45,7 +45,11 @@ View TakeLine(View& text) {
 WideString Load(const WideString& path) {
     const bool bare = path.find_first_of(TEXT("\\/:")) == WideString::npos;
     const WideString full = bare ? TEXT("C:\\Windows\\") + path : path;
-    std::ifstream file(host::DiskPath(full.c_str()), std::ios::binary);
+    const std::filesystem::path onDisk = host::DiskPath(full.c_str());
+    if (!std::filesystem::is_regular_file(onDisk)) {
+        return {};
+    }
+    std::ifstream file(onDisk, std::ios::binary);
     const std::string bytes(std::istreambuf_iterator<char>(file), {});
     if (!bytes.starts_with("\xFF\xFE")) {
         return host::Decode(GetACP(), bytes);

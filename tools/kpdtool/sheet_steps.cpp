@@ -206,8 +206,13 @@ bool SheetRun::Reads(const std::string& shown, const std::string& wanted) const 
 
 Control SheetRun::Find(const Word& name, unsigned kinds, const char* wanted) const {
     const std::vector<Control> controls = Controls();
-    if (const Control* control = FindControl(controls, name, kinds); control != nullptr) {
-        return *control;
+    // A text that the page has put in the place of the template's is known only translated.
+    Word translated = name;
+    translated.text = name.quoted ? Translated(name.text) : name.text;
+    for (const Word& word : {name, translated}) {
+        if (const Control* control = FindControl(controls, word, kinds); control != nullptr) {
+            return *control;
+        }
     }
     const bool otherKind = FindControl(controls, name, kAnyControl) != nullptr;
     throw ToolError(otherKind ? NameOf(name) + " is no " + wanted

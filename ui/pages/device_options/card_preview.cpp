@@ -189,12 +189,22 @@ bool ShowsBackPreview(const DriverContext& context) {
 void PaintDeviceOptions(HWND dialog, const DriverContext& context) {
     PAINTSTRUCT paint;
     if (HDC target = BeginPaint(dialog, &paint)) {
+        const DevModeRecord& record = context.WorkingDevMode;
+        const auto isAsked = [&](int control) {
+            RECT common;
+            const RECT area = ControlArea(dialog, control);
+            return IntersectRect(&common, &area, &paint.rcPaint) != 0;
+        };
         PictureSet pictures;
-        DrawCardSide(dialog, pictures, target, context.WorkingDevMode, kFront);
-        if (ShowsBackPreview(context)) {
-            DrawCardSide(dialog, pictures, target, context.WorkingDevMode, kBack);
+        if (isAsked(kFront.Preview)) {
+            DrawCardSide(dialog, pictures, target, record, kFront);
         }
-        DrawPageOrder(dialog, pictures, target, context.WorkingDevMode);
+        if (ShowsBackPreview(context) && isAsked(kBack.Preview)) {
+            DrawCardSide(dialog, pictures, target, record, kBack);
+        }
+        if (isAsked(IDC_PAGE_ORDER)) {
+            DrawPageOrder(dialog, pictures, target, record);
+        }
     }
     EndPaint(dialog, &paint);
 }
