@@ -383,13 +383,17 @@ TEST_F(DeviceOptionsTest, WhatOnlySomeModelsShow) {
     };
     for (const auto& c : cases) {
         SetModel(c.model);
+        Record().CardThickness = kThickness08;
         Open();
         for (int control : {IDC_RIBBON_LABEL, IDC_RIBBON, IDC_CARD_TYPE_LABEL, IDC_CARD_TYPE}) {
             EXPECT_EQ(IsShown(control), c.choosesCard) << control;
         }
         EXPECT_EQ(IsShown(IDC_TRANSPARENT_CARD), c.transparent);
         EXPECT_EQ(IsShown(IDC_BACK_PREVIEW), c.backPreview);
+        EXPECT_EQ(IsShown(IDC_BACK_GROUP), c.model.duplex != 0);
         EXPECT_EQ(Looks(IDC_THICKNESS), "0.8 mm of 4");
+        Choose(IDC_THICKNESS, kThickness03);
+        EXPECT_EQ(IsShown(IDC_BACK_GROUP), c.backPreview) << "without it there is nothing left in it";
     }
 }
 

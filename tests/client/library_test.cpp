@@ -66,7 +66,7 @@ TEST_F(LibraryTest, ImportsSystemLibrariesOnly) {
 }
 
 TEST_F(LibraryTest, IsStrippedAndSmall) {
-    EXPECT_LT(std::filesystem::file_size(path_), 300u * 1024);
+    EXPECT_LT(std::filesystem::file_size(path_), 512u * 1024);
     EXPECT_EQ(header_->FileHeader.NumberOfSymbols, 0u);
     EXPECT_NE(header_->OptionalHeader.AddressOfEntryPoint, 0u);
 }

@@ -3,6 +3,7 @@
 #include "native_only.h"
 #include "options_page.h"
 #include "resources/resource.h"
+#include "ui/common/controls.h"
 #include "ui/common/pictures.h"
 
 namespace {
@@ -18,8 +19,14 @@ class CardPreviewFaults : public test::OptionsPageTest {
         Open();
         Paint();
     }
+    // A row of pixels that all three pictures are in.
     void Paint() {
-        InvalidateRect(page_, nullptr, TRUE);
+        RECT row = ControlArea(page_, IDC_FRONT_PREVIEW);
+        row.left = 0;
+        row.right = 10000;
+        row.top = (row.top + row.bottom) / 2;
+        row.bottom = row.top + 1;
+        InvalidateRect(page_, &row, TRUE);
         UpdateWindow(page_);
     }
 };

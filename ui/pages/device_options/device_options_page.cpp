@@ -139,6 +139,7 @@ void ShowOptions(HWND dialog, const DriverContext& context) {
     for (const CardSide* side : kCardSides) {
         ShowSide(dialog, context, *side);
     }
+    ShowControl(dialog, IDC_BACK_GROUP, ShowsBackPreview(context) || HasPrintableBack(context));
     CheckControl(dialog, IDC_K_ONLY_ON_BACK, record.KOnlyOnBack != 0);
     ShowControl(dialog, IDC_K_ONLY_ON_BACK,
                 HasPrintableBack(context) && OffersKOnlyOnBack(record.RibbonType));
