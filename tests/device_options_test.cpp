@@ -4,7 +4,10 @@
 #include "options_page.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
+#include "ui/common/tooltip.h"
 #include "ui/pages/device_options/device_options_page.h"
+
+#include <commctrl.h>
 
 #include <cstring>
 #include <random>
@@ -393,7 +396,8 @@ TEST_F(DeviceOptionsTest, WhatOnlySomeModelsShow) {
         EXPECT_EQ(IsShown(IDC_BACK_GROUP), c.model.duplex != 0);
         EXPECT_EQ(Looks(IDC_THICKNESS), "0.8 mm of 4");
         Choose(IDC_THICKNESS, kThickness03);
-        EXPECT_EQ(IsShown(IDC_BACK_GROUP), c.backPreview) << "without it there is nothing left in it";
+        EXPECT_EQ(IsShown(IDC_BACK_GROUP), c.backPreview)
+            << "without it there is nothing left in it";
     }
 }
 
@@ -500,6 +504,32 @@ TEST_F(DeviceOptionsTest, AReplacedRecordIsShown) {
     EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_COPIES)), "7");
     DestroyWindow(std::exchange(page_, nullptr));
     EXPECT_EQ(context_.DeviceOptionsPage, nullptr);
+}
+
+TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidden) {
+    Record().RibbonType = 7;
+    Open();
+    EXPECT_NE(Looks(IDC_FRONT_COLOR), "-");
+    Click(IDC_FRONT_IMAGE);
+    Click(IDC_FRONT_IMAGE);
+    Click(IDC_FRONT_ROTATE);
+    EXPECT_EQ(Looks(IDC_FRONT_COLOR), "-");
+    EXPECT_EQ(Looks(IDC_FRONT_RESIN), "-");
+    EXPECT_EQ(Record().ResinOptions, kFrontBlackByResin);
+    InitDeviceOptionsPage(page_, context_);
+    EXPECT_NE(Looks(IDC_FRONT_COLOR), "-");
+}
+
+TEST_F(DeviceOptionsTest, TheTooltipWindowGoesWithTheUsersHelpAndWithThePage) {
+    Open();
+    const auto tooltip = [] { return FindWindowExW(nullptr, nullptr, TOOLTIPS_CLASSW, nullptr); };
+    EXPECT_EQ(tooltip(), nullptr) << "it makes none itself";
+    for (const UINT message : {WM_HELP, WM_DESTROY}) {
+        CreateSharedTooltip(page_);
+        EXPECT_NE(tooltip(), nullptr);
+        SendMessageW(page_, message, 0, 0);
+        EXPECT_EQ(tooltip(), nullptr) << message;
+    }
 }
 
 // ---- Whatever the user does ---------------------------------------------------------------------

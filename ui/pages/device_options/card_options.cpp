@@ -194,6 +194,10 @@ bool IsResinRibbon(BYTE ribbon) {
 bool OffersKOnlyOnBack(BYTE ribbon) {
     return Is(ribbon, kCanLeaveBackToK);
 }
+bool IsKnownRibbon(BYTE ribbon) {
+    return IsColorRibbon(ribbon) || IsResinRibbon(ribbon) || ribbon == kRibbonWithoutResin ||
+           ribbon == kRibbonWithoutOptions;
+}
 
 bool IsBackPrintable(const DevModePrivate& record) {
     return record.CardType != kAdhesiveCard && record.CardThickness != kThickness03;

@@ -58,6 +58,8 @@ inline constexpr const WCHAR* kResinRibbonChoices[] = {TEXT("Black/White"), TEXT
 bool IsColorRibbon(BYTE ribbon);
 bool IsResinRibbon(BYTE ribbon);
 bool OffersKOnlyOnBack(BYTE ribbon);
+/// Of one of these classes, or one of the two ribbons above that stand alone.
+bool IsKnownRibbon(BYTE ribbon);
 
 /// Neither an adhesive card nor one too thin to be turned over.
 bool IsBackPrintable(const DevModePrivate& record);
