@@ -384,14 +384,6 @@ TEST_F(KpdtoolTest, SheetTellsWhatChangedAndTakesPictures) {
     EXPECT_EQ(FieldOf(Json::parse(Kpdtool({"show", out, "--json"}).out), "dmCopies")["value"], 7);
     EXPECT_FALSE(PrinterExists(TEXT("kpdtool"))) << "not removed";
 
-    // The page has put "Color Printing" in the place of the template's text.
-    const Outcome german = Kpdtool({"sheet", "--language", "de", "--script",
-                                    Store("c.sheet",
-                                          "click \"Color Printing\"\n"
-                                          "expect text \"Color Printing\" \"Farbdruck\"\n"
-                                          "expect field ColorSides 0\n")});
-    EXPECT_EQ(german.status, 0) << german.out << german.err;
-
     // What ends otherwise, and leaves no record.
     const struct {
         std::string lines;

@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "platform/host.h"
 #include "sheet_test.h"
+#include "tools/kpdtool/kpdtool.h"
 #include "ui/common/language.h"
 #include "ui/common/numeric_field.h"
 
@@ -115,7 +116,8 @@ class LanguagesTest : public SheetTest {
         std::set<Key> keys = FieldMessages();
         for (const host::ProfileLookup& lookup : host::ProfileLookups()) {
             // What a field holds is looked up as well.
-            const bool isNumber = lookup.key.find_first_not_of(TEXT("0123456789")) == lookup.key.npos;
+            const bool isNumber =
+                lookup.key.find_first_not_of(TEXT("0123456789")) == lookup.key.npos;
             if (!lookup.section.empty() && !isNumber) {
                 keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
             }
@@ -181,6 +183,21 @@ TEST_F(LanguagesTest, CutTextIsNoticed) {
         EXPECT_EQ(IsTextCut(control), c.cut) << Utf8(c.className) << c.width;
     }
     DestroyWindow(parent);
+}
+
+// A script's English names hold in every language, also for texts that a page puts in the place of
+// the template's.
+TEST_F(LanguagesTest, ScriptsAreEnglish) {
+    const WideString path = TestFolder() + TEXT("\\a.sheet");
+    WriteBytes(path,
+               "click \"Color Printing\"\nexpect text \"Color Printing\" \"Farbdruck\"\n"
+               "choose \"Card Type : \" \"Adhesive Card\"\nexpect field CardType 5\n"
+               "expect field ColorSides 0\n");
+    std::ostringstream said;
+    EXPECT_EQ(
+        RunKpdtool({"sheet", "--language", "de", "--script", DiskPath(path).string()}, said, said),
+        0)
+        << said.str();
 }
 
 }  // namespace
