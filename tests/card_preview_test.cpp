@@ -66,47 +66,28 @@ TEST_F(CardPreviewTest, WhatStandsWhereOnACard) {
         CardPicture picture;
         std::vector<Standing> standing;
     } cases[] = {
+        // clang-format off
         {"colour", false, {.Color = true}, {{IDB_PORTRAIT, 150, 35}}},
-        {"colour, rotated",
-         false,
-         {.Rotated = true, .Color = true},
-         {{IDB_PORTRAIT_ROTATED, 60, 35}}},
+        {"colour, rotated", false, {.Rotated = true, .Color = true}, {{IDB_PORTRAIT_ROTATED, 60, 35}}},
         {"colour, flipped", false, {.Flipped = true, .Color = true}, {{IDB_PORTRAIT, 60, 35}}},
-        {"colour, rotated and flipped",
-         false,
-         {.Rotated = true, .Flipped = true, .Color = true},
+        {"colour, rotated and flipped", false, {.Rotated = true, .Flipped = true, .Color = true},
          {{IDB_PORTRAIT_ROTATED, 150, 35}}},
         {"black", false, {.Black = true}, {{IDB_TEXT, 60, 70}}},
         {"black, rotated", false, {.Rotated = true, .Black = true}, {{IDB_TEXT_ROTATED, 145, 40}}},
         {"black, flipped", false, {.Flipped = true, .Black = true}, {{IDB_TEXT_FLIPPED, 145, 70}}},
-        {"black, rotated and flipped",
-         false,
-         {.Rotated = true, .Flipped = true, .Black = true},
+        {"black, rotated and flipped", false, {.Rotated = true, .Flipped = true, .Black = true},
          {{IDB_TEXT_FLIPPED_ROTATED, 60, 40}}},
-        {"stripe",
-         false,
-         {.Color = true, .Black = true, .Stripe = true},
-         {{IDB_PORTRAIT, 130, 45}, {IDB_TEXT, 40, 80}}},
-        {"chip and dither",
-         false,
-         {.Black = true, .Dither = true, .Chip = true},
+        {"stripe", false, {.Color = true, .Black = true, .Stripe = true}, {{IDB_PORTRAIT, 130, 45}, {IDB_TEXT, 40, 80}}},
+        {"chip and dither", false, {.Black = true, .Dither = true, .Chip = true},
          {{IDB_DITHER, 142, 52}, {IDB_TEXT, 60, 70}, {IDB_CHIP_LANDSCAPE, 20, 40}}},
-        {"portrait",
-         true,
-         {.Color = true, .Black = true, .Chip = true},
+        {"portrait", true, {.Color = true, .Black = true, .Chip = true},
          {{IDB_PORTRAIT, 45, 70}, {IDB_TEXT, 40, 170}, {IDB_CHIP_PORTRAIT, 70, 20}}},
-        {"portrait, rotated",
-         true,
-         {.Rotated = true, .Color = true, .Black = true},
+        {"portrait, rotated", true, {.Rotated = true, .Color = true, .Black = true},
          {{IDB_PORTRAIT_ROTATED, 45, 120}, {IDB_TEXT_ROTATED, 40, 60}}},
-        {"portrait with a stripe",
-         true,
-         {.Color = true, .Black = true, .Stripe = true},
+        {"portrait with a stripe", true, {.Color = true, .Black = true, .Stripe = true},
          {{IDB_PORTRAIT, 55, 70}, {IDB_TEXT, 50, 170}}},
-        {"portrait, flipped",
-         true,
-         {.Flipped = true, .Black = true},
-         {{IDB_TEXT_FLIPPED, 40, 170}}},
+        {"portrait, flipped", true, {.Flipped = true, .Black = true}, {{IDB_TEXT_FLIPPED, 40, 170}}},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -163,74 +144,23 @@ TEST_F(CardPreviewTest, WhatARecordPrints) {
         const CardSide& side;
         CardPicture picture;
     } cases[] = {
+        // clang-format off
         {"colour alone", [](DevModePrivate&) {}, kFront, {.Color = true}},
-        {"black and white of a resin ribbon",
-         [](DevModePrivate& r) {
-             r.ResinOptions = 3;
-             r.ColorSides = 0;
-         },
-         kBack,
-         {.Black = true}},
-        {"black/white before dither",
-         [](DevModePrivate& r) {
-             r.ResinOptions = 4;
-             r.ResinOptions2 = 1;
-             r.ColorSides = 0;
-         },
-         kFront,
-         {.Black = true}},
-        {"dither",
-         [](DevModePrivate& r) {
-             r.ResinOptions = 8;
-             r.ColorSides = 0;
-         },
-         kBack,
-         {.Black = true, .Dither = true}},
-        {"the other side's options",
-         [](DevModePrivate& r) {
-             r.ResinOptions = 0xAA;
-             r.ResinOptions2 = 2;
-             r.RotateSides = r.FlipSides = 2;
-         },
-         kFront,
-         {.Color = true}},
-        {"grey",
-         [](DevModePrivate& r) {
-             r.ResinOptions2 = 4;
-             r.ColorSides = 0;
-         },
-         kFront,
-         {.Black = true}},
-        {"grey is the front's",
-         [](DevModePrivate& r) {
-             r.ResinOptions2 = 4;
-             r.ColorSides = 0;
-         },
-         kBack,
-         {}},
-        {"a chip is in front",
-         [](DevModePrivate& r) {
-             r.CardType = 4;
-             r.ColorSides = 0;
-             r.RotateSides = 3;
-         },
-         kFront,
-         {.Rotated = true, .Chip = true}},
-        {"a stripe is behind",
-         [](DevModePrivate& r) {
-             r.CardType = 4;
-             r.ColorSides = 0;
-             r.FlipSides = 3;
-         },
-         kBack,
-         {.Flipped = true, .Stripe = true}},
-        {"an adhesive card",
-         [](DevModePrivate& r) {
-             r.CardType = 5;
-             r.ColorSides = 0;
-         },
-         kFront,
-         {}},
+        {"black and white of a resin ribbon", [](DevModePrivate& r) { r.ResinOptions = 3; r.ColorSides = 0; },
+         kBack, {.Black = true}},
+        {"black/white before dither", [](DevModePrivate& r) { r.ResinOptions = 4; r.ResinOptions2 = 1; r.ColorSides = 0; },
+         kFront, {.Black = true}},
+        {"dither", [](DevModePrivate& r) { r.ResinOptions = 8; r.ColorSides = 0; }, kBack, {.Black = true, .Dither = true}},
+        {"the other side's options", [](DevModePrivate& r) { r.ResinOptions = 0xAA; r.ResinOptions2 = 2; r.RotateSides = r.FlipSides = 2; },
+         kFront, {.Color = true}},
+        {"grey", [](DevModePrivate& r) { r.ResinOptions2 = 4; r.ColorSides = 0; }, kFront, {.Black = true}},
+        {"grey is the front's", [](DevModePrivate& r) { r.ResinOptions2 = 4; r.ColorSides = 0; }, kBack, {}},
+        {"a chip is in front", [](DevModePrivate& r) { r.CardType = 4; r.ColorSides = 0; r.RotateSides = 3; },
+         kFront, {.Rotated = true, .Chip = true}},
+        {"a stripe is behind", [](DevModePrivate& r) { r.CardType = 4; r.ColorSides = 0; r.FlipSides = 3; },
+         kBack, {.Flipped = true, .Stripe = true}},
+        {"an adhesive card", [](DevModePrivate& r) { r.CardType = 5; r.ColorSides = 0; }, kFront, {}},
+        // clang-format on
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
