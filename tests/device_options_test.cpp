@@ -464,7 +464,8 @@ class RandomUser {
         record.CardType = static_cast<BYTE>(Below(6));
         record.ResinOptions = static_cast<BYTE>(Below(256));
         record.ResinOptions2 = static_cast<BYTE>(Below(8));
-        record.BlackByYmcK &= record.ResinOptions;  // never without black by resin
+        // Never without black by resin and colour.
+        record.BlackByYmcK &= record.ResinOptions & record.ColorSides;
     }
 
   private:
