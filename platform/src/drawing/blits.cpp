@@ -4,11 +4,15 @@
 namespace host {
 namespace {
 
-// Pixels on their way, a size of their own; kNoPixel where the source has none.
+// Pixels on their way, those of a part of the target; kNoPixel where the source has none.
 struct Block {
-    int width = 0;
-    int height = 0;
+    RECT part;
     std::vector<Pixel> pixels;
+
+    Pixel At(int x, int y) const {
+        return pixels[static_cast<size_t>((y - part.top) * (part.right - part.left) + x -
+                                          part.left)];
+    }
 };
 
 // A range of coordinates as given by a place and a size that may be negative: where it begins,
@@ -39,15 +43,21 @@ std::vector<int> Nearest(const Range& target, const Range& source) {
 
 using Reader = std::function<Pixel(int x, int y)>;
 
-Block TakeNearest(const Range& toX, const Range& toY, const Range& fromX, const Range& fromY,
-                  const Reader& read) {
-    const std::vector<int> columns = Nearest(toX, fromX);
-    const std::vector<int> rows = Nearest(toY, fromY);
-    Block block = {toX.length, toY.length, {}};
-    block.pixels.reserve(columns.size() * rows.size());
-    for (int y : rows) {
-        for (int x : columns) {
-            block.pixels.push_back(read(x, y));
+struct Stretch {
+    Range toX;  // on the target's surface
+    Range toY;
+    Range fromX;
+    Range fromY;
+};
+
+Block TakeNearest(const Stretch& stretch, const RECT& part, const Reader& read) {
+    const std::vector<int> columns = Nearest(stretch.toX, stretch.fromX);
+    const std::vector<int> rows = Nearest(stretch.toY, stretch.fromY);
+    Block block = {part, {}};
+    for (int y = part.top; y < part.bottom; ++y) {
+        const int row = rows[static_cast<size_t>(y - stretch.toY.first)];
+        for (int x = part.left; x < part.right; ++x) {
+            block.pixels.push_back(read(columns[static_cast<size_t>(x - stretch.toX.first)], row));
         }
     }
     return block;
@@ -75,32 +85,31 @@ Pixel Mean(int left, int top, int right, int bottom, const Reader& read) {
     return mean(2) << 16 | mean(1) << 8 | mean(0);
 }
 
-Block TakeMeans(const Range& toX, const Range& toY, const Range& fromX, const Range& fromY,
-                const Reader& read) {
-    Block block = {toX.length, toY.length, {}};
-    const auto bound = [](int i, const Range& to, const Range& from) {
-        return static_cast<int>(std::int64_t{i} * from.length / to.length);
+// The source places that one place of the target covers.
+struct Span {
+    int first;
+    int end;
+};
+Span Covered(int place, const Range& to, const Range& from) {
+    const int i = place - to.first;
+    const int at = to.back != from.back ? to.length - 1 - i : i;
+    const auto bound = [&](int edge) {
+        return from.first + static_cast<int>(std::int64_t{edge} * from.length / to.length);
     };
-    for (int row = 0; row < toY.length; ++row) {
-        const int y = toY.back != fromY.back ? toY.length - 1 - row : row;
-        const int top = fromY.first + bound(y, toY, fromY);
-        const int bottom = std::max(top + 1, fromY.first + bound(y + 1, toY, fromY));
-        for (int column = 0; column < toX.length; ++column) {
-            const int x = toX.back != fromX.back ? toX.length - 1 - column : column;
-            const int left = fromX.first + bound(x, toX, fromX);
-            const int right = std::max(left + 1, fromX.first + bound(x + 1, toX, fromX));
-            block.pixels.push_back(Mean(left, top, right, bottom, read));
+    return {bound(at), std::max(bound(at) + 1, bound(at + 1))};
+}
+
+Block TakeMeans(const Stretch& stretch, const RECT& part, const Reader& read) {
+    Block block = {part, {}};
+    for (int y = part.top; y < part.bottom; ++y) {
+        const Span rows = Covered(y, stretch.toY, stretch.fromY);
+        for (int x = part.left; x < part.right; ++x) {
+            const Span columns = Covered(x, stretch.toX, stretch.fromX);
+            block.pixels.push_back(Mean(columns.first, rows.first, columns.end, rows.end, read));
         }
     }
     return block;
 }
-
-struct Stretch {
-    Range toX;  // on the target's surface
-    Range toY;
-    Range fromX;
-    Range fromY;
-};
 
 void Move(const Context& context, const Stretch& stretch, const Reader& read, DWORD operation) {
     if (stretch.toX.length == 0 || stretch.toY.length == 0 || stretch.fromX.length == 0 ||
@@ -111,17 +120,14 @@ void Move(const Context& context, const Stretch& stretch, const Reader& read, DW
     const bool shrinks =
         stretch.toX.length < stretch.fromX.length || stretch.toY.length < stretch.fromY.length;
     const bool means = context.state.stretchMode == HALFTONE && shrinks;
-    // Taken as a whole before anything is drawn: source and target may overlap.
-    const Block block = (means ? TakeMeans : TakeNearest)(stretch.toX, stretch.toY, stretch.fromX,
-                                                          stretch.fromY, read);
+    const RECT visible = canvas.Visible({stretch.toX.first, stretch.toY.first,
+                                         stretch.toX.first + stretch.toX.length,
+                                         stretch.toY.first + stretch.toY.length});
+    // Taken before anything is drawn: source and target may overlap.
+    const Block block = (means ? TakeMeans : TakeNearest)(stretch, visible, read);
     const Paint paint(context, Find<Brush>(context.state.brush));
-    const int left = stretch.toX.first;
-    const int top = stretch.toY.first;
-    canvas.Each({left, top, left + block.width, top + block.height}, [&](int x, int y,
-                                                                         Pixel target) {
-        const size_t at = static_cast<size_t>(y - top) * static_cast<size_t>(block.width) +
-                          static_cast<size_t>(x - left);
-        const Pixel source = block.pixels[at];
+    canvas.Each(visible, [&](int x, int y, Pixel target) {
+        const Pixel source = block.At(x, y);
         return source == kNoPixel ? kNoPixel : Combine(operation, target, source, paint.At(x, y));
     });
 }

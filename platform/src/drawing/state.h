@@ -127,6 +127,15 @@ class Canvas {
             }
         }
     }
+    /// The smallest rectangle with all that can be drawn of `rect`.
+    RECT Visible(const RECT& rect) const {
+        RECT visible = {};
+        for (const RECT& part : clip_) {
+            const RECT common = Common(part, rect);
+            UnionRect(&visible, &visible, &common);
+        }
+        return visible;
+    }
     void Put(int x, int y, int mixMode, Pixel pixel) const;
     bool Sees(int x, int y) const;
     void Narrow(const RECT& rect) { KeepInside(clip_, At(rect)); }
