@@ -53,8 +53,11 @@ prepare_windows() {
     if [ -z "${DISPLAY:-}" ]; then
         exec xvfb-run -a -s "-screen 0 1280x1024x24" "./$(basename "$0")" "$@"
     fi
-    mkdir -p build/wine
     export WINEPREFIX="$PWD/build/wine" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;compstui=n,b"
     wineserver --kill || true
-    trap 'wineserver --kill || true' EXIT
+    # One that was left in the middle of something may hold printers that were to go again.
+    [ ! -e build/wine.busy ] || rm -rf build/wine
+    mkdir -p build/wine
+    touch build/wine.busy
+    trap 'status=$?; wineserver --kill || true; [ $status != 0 ] || rm -f build/wine.busy' EXIT
 }
