@@ -2,6 +2,7 @@
 # llvm-rc, its output linked in as bytes and added to the stand-in's resources at start.
 function(kpd_add_resources target script)
   get_filename_component(name ${script} NAME_WE)
+  get_filename_component(file_name ${script} NAME)
   get_filename_component(folder ${script} DIRECTORY)
   # What the script includes is compiled in too.
   file(GLOB_RECURSE parts CONFIGURE_DEPENDS ${folder}/*.h ${folder}/*.rc ${folder}/*.bmp
@@ -17,7 +18,9 @@ function(kpd_add_resources target script)
   set(carrier ${CMAKE_CURRENT_BINARY_DIR}/${name}_resources.cpp)
   add_custom_command(
     OUTPUT ${compiled}
-    COMMAND llvm-rc /C 65001 /I ${CMAKE_SOURCE_DIR}/platform/include /FO ${compiled} ${script}
+    # The script by its bare name: a path that starts with an option's letter is taken for the option.
+    COMMAND llvm-rc /C 65001 /I ${CMAKE_SOURCE_DIR}/platform/include /FO ${compiled} ${file_name}
+    WORKING_DIRECTORY ${folder}
     DEPENDS ${script} ${parts})
   set(RESOURCE_FILE ${compiled})
   configure_file(${CMAKE_SOURCE_DIR}/cmake/resources.cpp.in ${carrier} @ONLY)
