@@ -108,6 +108,19 @@ TEST_F(PageTest, ApplyIsReportedForThePagesOwnHandle) {
     }
 }
 
+TEST_F(PageTest, PrinterPropertiesShowAnEmptyPageAndAskForTheRightToChangeThePrinter) {
+    HANDLE printer = NewPrinter(TEXT("Mirv KP-41"));
+    RunInLoop([] {
+        EXPECT_EQ(Tabs().size(), 1u);
+        PostMessageW(Sheet(), PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    });
+    EXPECT_FALSE(PrinterProperties(nullptr, printer));
+    DWORD type = 0;
+    EXPECT_EQ(StoredValue(printer, TEXT("Permission"), &type), (std::vector<BYTE>{1, 0, 0, 0}));
+    EXPECT_EQ(type, DWORD{REG_DWORD});
+    EXPECT_FALSE(PrinterProperties(nullptr, nullptr));
+}
+
 TEST_F(PageTest, SheetSpeaksTheUsersLanguage) {
     WriteWideText(LanguageFilePath,
                   TEXT("[DeviceOption]\r\nDevice Option=Karte\r\nDevice Options=Karten\r\n")

@@ -63,5 +63,33 @@ TEST_F(SheetFaults, LibraryPagesAndWindows) {
     FailEach(host::Call::kProfile);
 }
 
+TEST_F(SheetFaults, PrinterPropertiesWithoutRightsOrLibrary) {
+    NewPrinter(TEXT("Mirv KP-41"));
+    WideString name = kPrinterName;
+    PRINTER_DEFAULTSW user = {nullptr, nullptr, PRINTER_ACCESS_USE};
+    HANDLE printer = nullptr;
+    ASSERT_TRUE(OpenPrinterW(name.data(), &printer, &user));
+    bool shown = false;
+    const auto open = [&] {
+        shown = false;
+        RunInLoop([&] {
+            shown = Sheet() != nullptr;
+            PostMessageW(Sheet(), PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+        });
+        const BOOL answer = PrinterProperties(nullptr, printer);
+        ForgetSteps();
+        return answer;
+    };
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(StoredValue(printer, TEXT("Permission")).empty());
+    for (const unsigned call : {1u, 2u}) {  // the library, its function
+        host::FailCall(host::Call::kModule, call);
+        EXPECT_TRUE(open());
+        EXPECT_FALSE(shown);
+    }
+    ClosePrinter(printer);
+}
+
 }  // namespace
 }  // namespace test
