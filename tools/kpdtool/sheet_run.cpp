@@ -196,9 +196,17 @@ HWND SheetRun::CurrentDialog() const {
     return modal != nullptr ? modal : CurrentPage();
 }
 
-int SheetRun::CurrentTab() const {
+int SheetRun::AskTabs(UINT message) const {
     HWND tabs = reinterpret_cast<HWND>(SendMessageW(sheet_, PSM_GETTABCONTROL, 0, 0));
-    return static_cast<int>(SendMessageW(tabs, TCM_GETCURSEL, 0, 0));
+    return static_cast<int>(SendMessageW(tabs, message, 0, 0));
+}
+
+int SheetRun::CurrentTab() const {
+    return AskTabs(TCM_GETCURSEL);
+}
+
+int SheetRun::TabCount() const {
+    return AskTabs(TCM_GETITEMCOUNT);
 }
 
 const SheetPage* SheetRun::PageOf(int tab) const {

@@ -62,7 +62,9 @@ class SheetRun {
     HWND ModalDialog() const;
     HWND CurrentDialog() const;
     const SheetPage* PageOf(int tab) const;
+    int AskTabs(UINT message) const;
     int CurrentTab() const;
+    int TabCount() const;
     void ShowTab(int tab);
     std::vector<Control> Controls() const;
     std::string Translated(const std::string& english) const;

@@ -256,8 +256,7 @@ void SheetRun::ShowPage(const Step& step) {
     if (ModalDialog() != nullptr) {
         throw ToolError("a dialog is open: " + WindowText(ModalDialog()));
     }
-    HWND tabs = reinterpret_cast<HWND>(SendMessageW(sheet_, PSM_GETTABCONTROL, 0, 0));
-    const LRESULT count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
+    const int count = TabCount();
     std::vector<std::string> titles;
     for (int tab = 0; tab < count; ++tab) {
         const SheetPage* page = PageOf(tab);
@@ -433,8 +432,7 @@ void SheetRun::TakePictures() {
     std::error_code ignored;
     std::filesystem::create_directories(folder, ignored);
     const int before = CurrentTab();
-    HWND tabs = reinterpret_cast<HWND>(SendMessageW(sheet_, PSM_GETTABCONTROL, 0, 0));
-    const LRESULT count = SendMessageW(tabs, TCM_GETITEMCOUNT, 0, 0);
+    const int count = TabCount();
     for (int tab = 0; tab < count; ++tab) {
         ShowTab(tab);
         HandlePaints();

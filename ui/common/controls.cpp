@@ -5,9 +5,17 @@
 
 namespace {
 
-void AddItem(HWND list, const WCHAR* text) {
-    const LRESULT at = SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(at), at);
+void Fill(HWND list, std::span<const WCHAR* const> texts, bool translated) {
+    SendMessageW(list, CB_RESETCONTENT, 0, 0);
+    for (const WCHAR* text : texts) {
+        WCHAR translation[kTextLength];
+        if (translated) {
+            LookupString(text, translation);
+        }
+        const LRESULT at = SendMessageW(list, CB_ADDSTRING, 0,
+                                        reinterpret_cast<LPARAM>(translated ? translation : text));
+        SendMessageW(list, CB_SETITEMDATA, static_cast<WPARAM>(at), at);
+    }
 }
 
 }  // namespace
@@ -33,21 +41,11 @@ void SelectItem(HWND dialog, int comboBox, int index) {
 }
 
 void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
-    HWND list = GetDlgItem(dialog, comboBox);
-    SendMessageW(list, CB_RESETCONTENT, 0, 0);
-    for (const WCHAR* text : texts) {
-        AddItem(list, text);
-    }
+    Fill(GetDlgItem(dialog, comboBox), texts, false);
 }
 
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
-    HWND list = GetDlgItem(dialog, comboBox);
-    SendMessageW(list, CB_RESETCONTENT, 0, 0);
-    for (const WCHAR* text : texts) {
-        WCHAR translated[kTextLength];
-        LookupString(text, translated);
-        AddItem(list, translated);
-    }
+    Fill(GetDlgItem(dialog, comboBox), texts, true);
 }
 
 RECT ControlArea(HWND dialog, int control) {

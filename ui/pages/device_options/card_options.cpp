@@ -128,7 +128,10 @@ void ResetForResinRibbon(DevModePrivate& record) {
     record.ResinOptions2 = 0;
 }
 
-void SwitchBackOff(DevModePrivate& record) {
+void SwitchUnprintableBackOff(DevModePrivate& record) {
+    if (IsBackPrintable(record)) {
+        return;
+    }
     for (BYTE* field : {&record.PrintSides, &record.RotateSides, &record.FlipSides}) {
         PutBits(*field, kBackSide, false);
     }
@@ -261,18 +264,14 @@ bool ChooseRibbon(DriverContext& context, const CardSide&, int choice) {
 bool ChooseCardType(DriverContext& context, const CardSide&, int choice) {
     DevModePrivate& record = context.WorkingDevMode.Private;
     record.CardType = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kCardTypes)));
-    if (!IsBackPrintable(record)) {
-        SwitchBackOff(record);
-    }
+    SwitchUnprintableBackOff(record);
     return true;
 }
 
 bool ChooseThickness(DriverContext& context, const CardSide&, int choice) {
     DevModePrivate& record = context.WorkingDevMode.Private;
     record.CardThickness = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kThicknesses)));
-    if (!IsBackPrintable(record)) {
-        SwitchBackOff(record);
-    }
+    SwitchUnprintableBackOff(record);
     return true;
 }
 
