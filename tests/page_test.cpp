@@ -160,6 +160,9 @@ TEST_F(PageTest, TooltipIsSharedAndGoesWithAnyPage) {
                  tool.lpszText = text;
                  SendMessageW(tooltip, TTM_GETTEXTW, 100, reinterpret_cast<LPARAM>(&tool));
                  EXPECT_EQ(Narrow(text), "Karte");
+                 tool.lpszText = nullptr;
+                 SendMessageW(tooltip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool));
+                 EXPECT_EQ(tool.uFlags, UINT{TTF_IDISHWND | TTF_SUBCLASS});
                  SendMessageW(ShowPage(0), WM_DESTROY, 0, 0);  // a page that has no tips
                  EXPECT_FALSE(IsWindow(tooltip));
              }},

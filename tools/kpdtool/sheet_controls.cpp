@@ -138,17 +138,9 @@ constexpr ItemMessages kListMessages = {LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, 
 
 constexpr int kLongestItem = 512;
 
-bool OwnsStrings(const Control& control) {
-    const LONG style = StyleOf(control.window);
-    const bool combo = control.kind == kComboBox;
-    const LONG drawn = combo ? CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE
-                             : LBS_OWNERDRAWFIXED | LBS_OWNERDRAWVARIABLE;
-    return (style & drawn) == 0 || (style & (combo ? CBS_HASSTRINGS : LBS_HASSTRINGS)) != 0;
-}
-
 std::string BoxItem(const Control& control, const ItemMessages& messages, WPARAM item) {
     const LRESULT length = SendMessageW(control.window, messages.length, item, 0);
-    if (length < 0 || !OwnsStrings(control)) {
+    if (length < 0) {
         return {};
     }
     std::basic_string<WCHAR> text(static_cast<size_t>(length) + 1, 0);
@@ -254,9 +246,6 @@ int SelectedItemOf(const Control& control) {
             return static_cast<int>(SendMessageW(control.window, kComboMessages.selected, 0, 0));
         case kListBox:
             return static_cast<int>(SendMessageW(control.window, kListMessages.selected, 0, 0));
-        case kListView:
-            return static_cast<int>(
-                SendMessageW(control.window, LVM_GETNEXTITEM, WPARAM(-1), LVNI_SELECTED));
         case kTabControl:
             return static_cast<int>(SendMessageW(control.window, TCM_GETCURSEL, 0, 0));
         default:
@@ -271,9 +260,7 @@ std::string ValueOf(const Control& control) {
     if (control.kind == kScrollBar) {
         return std::to_string(GetScrollPos(control.window, SB_CTL));
     }
-    const bool typed =
-        control.kind == kComboBox && (StyleOf(control.window) & CBS_DROPDOWNLIST) == CBS_DROPDOWN;
-    if ((control.kind & kWithItems) == 0 || typed) {
+    if ((control.kind & kWithItems) == 0) {
         return WindowText(control.window);
     }
     const int item = SelectedItemOf(control);

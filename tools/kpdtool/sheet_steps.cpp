@@ -271,17 +271,9 @@ void SheetRun::ShowPage(const Step& step) {
 
 // The last step to the item is a key, so that the control itself tells its dialog, once.
 void SheetRun::Choose(const Step& step) {
-    const Control box =
-        FindUsable(step.words[0], kComboBox | kListBox | kListView, "list to choose from");
+    const Control box = FindUsable(step.words[0], kComboBox | kListBox, "list to choose from");
     const int item = ItemNamed(box, step.words[1]);
     SetFocus(box.window);
-    if (box.kind == kListView) {
-        LVITEMW state = {};
-        state.state = state.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-        SendMessageW(box.window, LVM_SETITEMSTATE, static_cast<WPARAM>(item),
-                     reinterpret_cast<LPARAM>(&state));
-        return;
-    }
     const UINT select = box.kind == kComboBox ? CB_SETCURSEL : LB_SETCURSEL;
     const bool fromBelow = item == 0 && ItemsOf(box).size() > 1;
     SendMessageW(box.window, select, static_cast<WPARAM>(fromBelow ? 1 : item - 1), 0);
@@ -302,11 +294,9 @@ void SheetRun::Click(const Step& step) {
 }
 
 void SheetRun::Type(const Step& step) {
-    const Control control = FindUsable(step.words[0], kEdit | kComboBox, "field to type into");
-    HWND edit = control.kind == kEdit
-                    ? control.window
-                    : FindWindowExW(control.window, nullptr, TEXT("Edit"), nullptr);
-    if (edit == nullptr || (GetWindowLongW(edit, GWL_STYLE) & ES_READONLY) != 0) {
+    const Control control = FindUsable(step.words[0], kEdit, "field to type into");
+    HWND edit = control.window;
+    if ((StyleOf(control) & ES_READONLY) != 0) {
         throw ToolError(NameOf(step.words[0]) + " takes no typing");
     }
     SetFocus(edit);
@@ -491,7 +481,7 @@ void SheetRun::ExpectItems(const Step& step) {
 
 void SheetRun::ExpectSelected(const Step& step) {
     const Control control =
-        Find(step.words[0], kComboBox | kListBox | kListView | kTabControl, "control with items");
+        Find(step.words[0], kComboBox | kListBox | kTabControl, "control with a selected item");
     const int selected = SelectedItemOf(control);
     const Word& item = step.words[1];
     const std::string shown = selected < 0 ? "" : ItemsOf(control)[static_cast<size_t>(selected)];

@@ -1,5 +1,5 @@
-// Combo boxes: a field with a button, and a list in a window of its own that is shown below it when
-// dropped. The list keeps the items and the selection.
+// Combo boxes: a field with a button that shows the selected item, and a list in a window of its
+// own that is shown below it when dropped. The list keeps the items and the selection.
 #include "controls/list_box.h"
 
 #include <algorithm>
@@ -9,10 +9,7 @@ namespace {
 
 using common::PointOf;
 
-constexpr DWORD kTypeMask = 3;
-constexpr DWORD kKnownStyles = kTypeMask | CBS_OWNERDRAWFIXED | CBS_AUTOHSCROLL | CBS_SORT |
-                               CBS_HASSTRINGS | CBS_NOINTEGRALHEIGHT | CBS_DISABLENOSCROLL;
-constexpr int kEditId = 1001;
+constexpr DWORD kKnownStyles = CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS;
 constexpr int kEdge = 2;         ///< around the whole, on each side
 constexpr int kFieldMargin = 3;  ///< from the outside to the field
 constexpr int kTextMargin = 1;
@@ -51,44 +48,34 @@ class ComboBox : public common::Control {
 
     bool Create(const CREATESTRUCTW& create);
     bool CreateList();
-    bool CreateEdit();
     void MeasureItems();
     void Arrange();
     void Resize(WINDOWPOS& place);
     RECT ListPlace() const;
 
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT HandleText(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleInput(UINT message, WPARAM wParam, LPARAM lParam);
     bool HandleMouse(UINT message, LPARAM lParam);
     LRESULT ToList(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SelectProgrammed(WPARAM index);
     LRESULT SetItemHeight(int index, int height);
-    LRESULT DroppedRect(RECT* rect) const;
 
     void HearList(WORD code);
-    void HearEdit(WORD code);
     bool KeyDown(WPARAM key, bool alt);
     void KeyToList(UINT message, WPARAM key);
     void Drop();
     void Close(bool accepted);
     void GainFocus();
     void LoseFocus();
-    void Pressed(POINT point);
+    void Pressed();
     void Moved(POINT point);
     void Released(POINT point);
     bool OverList(POINT point, LPARAM* there) const;
 
-    void ShowSelection();
-    void SetEditText(const WideString& text);
     WideString SelectedText() const;
-    void FindEditText();
-    static LRESULT CALLBACK EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
     bool Tell(WORD code) const;
     bool Has(DWORD style) const { return (Style() & style) != 0; }
     bool IsOwnerDrawn() const { return Has(CBS_OWNERDRAWFIXED); }
-    bool HasStrings() const { return !IsOwnerDrawn() || Has(CBS_HASSTRINGS); }
     LRESULT List(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return list_ == nullptr ? CB_ERR : SendMessageW(list_, message, wParam, lParam);
     }
@@ -98,17 +85,13 @@ class ComboBox : public common::Control {
     int FieldHeight() const { return itemHeight_ + 2 * kFieldMargin; }
 
     HWND list_ = nullptr;
-    HWND edit_ = nullptr;
-    WNDPROC editProcedure_ = nullptr;
     int itemHeight_ = kDefaultItemHeight;  ///< of what is in the field
     int listHeight_ = 0;                   ///< of the list when there are items enough
-    int listWidth_ = 0;                    ///< at least; 0: as wide as the field
     int agreed_ = -1;  ///< the selection that a dropped list has when it is left without a choice
     bool hasBar_ = false;
     bool isDropped_ = false;
     bool isPressed_ = false;
-    bool isKey_ = false;    ///< the list is told of a key
-    bool isQuiet_ = false;  ///< the edit control changes, but not by the user
+    bool isKey_ = false;  ///< the list is told of a key
     bool isArranging_ = false;
     bool hasFocus_ = false;
 };
@@ -117,10 +100,11 @@ class ComboBox : public common::Control {
 
 bool ComboBox::Create(const CREATESTRUCTW& create) {
     common::CheckStyle("combo box", Style(), kKnownStyles);
-    if ((Style() & kTypeMask) < CBS_DROPDOWN || (Has(CBS_SORT) && !HasStrings())) {
-        Unsupported("simple combo box, or one sorted without strings");
+    if ((Style() & CBS_DROPDOWNLIST) != CBS_DROPDOWNLIST ||
+        (IsOwnerDrawn() && !Has(CBS_HASSTRINGS))) {
+        Unsupported("combo box to type into, or one without strings");
     }
-    if (!CreateList() || (!((Style() & kTypeMask) == CBS_DROPDOWNLIST) && !CreateEdit())) {
+    if (!CreateList()) {
         return false;
     }
     MeasureItems();
@@ -136,11 +120,8 @@ bool ComboBox::CreateList() {
         DWORD own;
         DWORD list;
     } kStyles[] = {
-        {CBS_SORT, LBS_SORT},
         {CBS_OWNERDRAWFIXED, LBS_OWNERDRAWFIXED},
         {CBS_HASSTRINGS, LBS_HASSTRINGS},
-        {CBS_NOINTEGRALHEIGHT, LBS_NOINTEGRALHEIGHT},
-        {CBS_DISABLENOSCROLL, LBS_DISABLENOSCROLL},
         {WS_DISABLED, WS_DISABLED},
     };
     DWORD style =
@@ -151,21 +132,6 @@ bool ComboBox::CreateList() {
     list_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, kComboListClass, nullptr, style, 0, 0,
                             0, 0, nullptr, nullptr, nullptr, window_);
     return list_ != nullptr;
-}
-
-bool ComboBox::CreateEdit() {
-    const DWORD style = WS_CHILD | WS_VISIBLE | ES_NOHIDESEL | ES_LEFT |
-                        (Has(CBS_AUTOHSCROLL) ? DWORD{ES_AUTOHSCROLL} : 0) |
-                        (Has(WS_DISABLED) ? DWORD{WS_DISABLED} : 0);
-    edit_ =
-        CreateWindowExW(0, TEXT("Edit"), nullptr, style, 0, 0, 0, 0, window_,
-                        reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(kEditId)), nullptr, nullptr);
-    if (edit_ == nullptr) {
-        return false;
-    }
-    editProcedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
-        edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ComboBox::EditProcedure)));
-    return true;
 }
 
 // The program says how high its items are, first that in the field; otherwise the font does.
@@ -188,11 +154,6 @@ void ComboBox::Arrange() {
     SetWindowPos(window_, nullptr, 0, 0, window.right - window.left, FieldHeight(),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     isArranging_ = false;
-    if (edit_ != nullptr) {
-        const RECT field = Field();
-        MoveWindow(edit_, field.left, field.top, field.right - field.left, field.bottom - field.top,
-                   TRUE);
-    }
     if (!isDropped_) {
         const RECT place = ListPlace();
         MoveWindow(list_, place.left, place.top, place.right - place.left, listHeight_, FALSE);
@@ -213,9 +174,6 @@ void ComboBox::Resize(WINDOWPOS& place) {
 
 void ComboBox::Measure() {
     SendMessageW(list_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    if (edit_ != nullptr) {
-        SendMessageW(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
-    }
     if (!IsOwnerDrawn()) {
         MeasureItems();
     }
@@ -241,12 +199,10 @@ RECT ComboBox::ListPlace() const {
     const int count = static_cast<int>(List(LB_GETCOUNT));
     const int room = (listHeight_ - 2) / item;
     const int rows = std::max(1, std::min(count, room >= 1 ? room : kMostRowsWithoutRoom));
-    const int height =
-        Has(CBS_NOINTEGRALHEIGHT) && count > room && room >= 1 ? listHeight_ : rows * item + 2;
-    const int width = std::max(listWidth_, static_cast<int>(window.right - window.left));
+    const int height = rows * item + 2;
     const bool fits = window.bottom + height <= GetSystemMetrics(SM_CYSCREEN);
     const int top = fits || window.top < height ? window.bottom : window.top - height;
-    return {window.left, top, window.left + width, top + height};
+    return {window.left, top, window.right, top + height};
 }
 
 // ---- Messages ---------------------------------------------------------------------------------
@@ -286,23 +242,15 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ENABLE:
             EnableWindow(list_, wParam != FALSE);
-            if (edit_ != nullptr) {
-                EnableWindow(edit_, wParam != FALSE);
-            }
             Redraw();
             return 0;
         case WM_SETTEXT:
+            return CB_ERR;
         case WM_GETTEXT:
+            return static_cast<LRESULT>(common::CopyText(
+                SelectedText(), reinterpret_cast<LPWSTR>(lParam), static_cast<int>(wParam)));
         case WM_GETTEXTLENGTH:
-        case WM_CUT:
-        case WM_COPY:
-        case WM_PASTE:
-        case WM_CLEAR:
-        case WM_UNDO:
-            return HandleText(message, wParam, lParam);
-        case WM_CTLCOLOREDIT:
-        case WM_CTLCOLORSTATIC:
-            return SendMessageW(GetParent(window_), message, wParam, lParam);
+            return static_cast<LRESULT>(SelectedText().size());
         case WM_GETDLGCODE: {
             const auto* event = reinterpret_cast<const MSG*>(lParam);
             const bool closes = isDropped_ && event != nullptr && event->message == WM_KEYDOWN &&
@@ -323,10 +271,6 @@ LRESULT ComboBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case CB_SETCURSEL:
             return SelectProgrammed(wParam);
-        case CB_SELECTSTRING: {
-            const LRESULT found = List(LB_FINDSTRING, wParam, lParam);
-            return found < 0 ? CB_ERR : SelectProgrammed(static_cast<WPARAM>(found));
-        }
         case CB_SHOWDROPDOWN:
             if (wParam != 0 && !isDropped_) {
                 Drop();
@@ -336,22 +280,10 @@ LRESULT ComboBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             return TRUE;
         case CB_GETDROPPEDSTATE:
             return isDropped_;
-        case CB_GETDROPPEDCONTROLRECT:
-            return DroppedRect(reinterpret_cast<RECT*>(lParam));
-        case CB_SETDROPPEDWIDTH:
-            listWidth_ = std::clamp(index, 0, 0x7FFF);
-            return std::max<LONG>(listWidth_, Client().right);
         case CB_SETITEMHEIGHT:
             return SetItemHeight(index, static_cast<int>(lParam));
         case CB_GETITEMHEIGHT:
             return index == -1 ? itemHeight_ : index < 0 ? CB_ERR : List(LB_GETITEMHEIGHT);
-        case CB_GETEDITSEL:
-            return edit_ == nullptr ? CB_ERR : SendMessageW(edit_, EM_GETSEL, wParam, lParam);
-        case CB_LIMITTEXT:
-            if (edit_ != nullptr) {
-                SendMessageW(edit_, EM_LIMITTEXT, wParam, lParam);
-            }
-            return TRUE;
     }
     Unsupported("message %#x to a combo box", message);
 }
@@ -364,9 +296,6 @@ LRESULT ComboBox::ToList(UINT message, WPARAM wParam, LPARAM lParam) {
     if (after != before) {
         agreed_ = after;
     }
-    if (message == LB_RESETCONTENT && edit_ != nullptr) {
-        SetEditText({});
-    }
     if (message == LB_RESETCONTENT || message == LB_DELETESTRING || message == LB_SETITEMDATA) {
         Redraw();
     }
@@ -374,12 +303,12 @@ LRESULT ComboBox::ToList(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT ComboBox::SelectProgrammed(WPARAM index) {
-    LRESULT result = List(LB_SETCURSEL, index);
+    const LRESULT result = List(LB_SETCURSEL, index);
     if (result == LB_ERR && static_cast<int>(index) != -1) {
         List(LB_SETCURSEL, static_cast<WPARAM>(-1));
     }
     agreed_ = Selected();
-    ShowSelection();
+    Redraw();
     return result;
 }
 
@@ -395,34 +324,6 @@ LRESULT ComboBox::SetItemHeight(int index, int height) {
     return height;
 }
 
-// The field and, below it, the room for the list.
-LRESULT ComboBox::DroppedRect(RECT* rect) const {
-    GetWindowRect(window_, rect);
-    rect->right = std::max<LONG>(rect->right, rect->left + listWidth_);
-    rect->bottom += listHeight_;
-    return TRUE;
-}
-
-LRESULT ComboBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (edit_ != nullptr) {
-        const bool wasQuiet = std::exchange(isQuiet_, isQuiet_ || message == WM_SETTEXT);
-        const LRESULT result = SendMessageW(edit_, message, wParam, lParam);
-        isQuiet_ = wasQuiet;
-        if (message == WM_SETTEXT) {
-            List(LB_SETCURSEL, static_cast<WPARAM>(-1));
-        }
-        return result;
-    }
-    if (message == WM_GETTEXTLENGTH) {
-        return static_cast<LRESULT>(SelectedText().size());
-    }
-    if (message == WM_GETTEXT) {
-        return static_cast<LRESULT>(common::CopyText(
-            SelectedText(), reinterpret_cast<LPWSTR>(lParam), static_cast<int>(wParam)));
-    }
-    return CB_ERR;
-}
-
 bool ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_COMMAND:
@@ -430,34 +331,19 @@ bool ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {
                 HearList(HIWORD(wParam));
                 return true;
             }
-            if (reinterpret_cast<HWND>(lParam) == edit_) {
-                HearEdit(HIWORD(wParam));
-                return true;
-            }
             return false;
         case WM_SETFOCUS:
-            if (edit_ != nullptr) {
-                SetFocus(edit_);
-            } else {
-                GainFocus();
-            }
+            GainFocus();
             return true;
         case WM_KILLFOCUS:
-            if (edit_ == nullptr) {
-                LoseFocus();
-            }
+            LoseFocus();
             return true;
         case WM_KEYDOWN:
             return KeyDown(wParam, false);
         case WM_SYSKEYDOWN:
             return (lParam & kAltIsDown) != 0 && KeyDown(wParam, true);
         case WM_CHAR:
-            if (edit_ == nullptr) {
-                KeyToList(message, wParam);
-            }
-            return true;
-        case WM_MOUSEWHEEL:
-            KeyToList(WM_KEYDOWN, static_cast<SHORT>(HIWORD(wParam)) > 0 ? VK_UP : VK_DOWN);
+            KeyToList(message, wParam);
             return true;
     }
     return HandleMouse(message, lParam);
@@ -468,7 +354,7 @@ bool ComboBox::HandleMouse(UINT message, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-            Pressed(point);
+            Pressed();
             return true;
         case WM_MOUSEMOVE:
             Moved(point);
@@ -496,7 +382,7 @@ void ComboBox::HearList(WORD code) {
         return;
     }
     agreed_ = Selected();
-    ShowSelection();
+    Redraw();
     // A key goes through the items of a dropped list; a click in it ends the choice.
     const bool goesOn = isKey_ && isDropped_;
     if (!goesOn) {
@@ -509,34 +395,6 @@ void ComboBox::HearList(WORD code) {
     Tell(CBN_SELCHANGE);
 }
 
-void ComboBox::HearEdit(WORD code) {
-    switch (code) {
-        case EN_SETFOCUS:
-            GainFocus();
-            break;
-        case EN_KILLFOCUS:
-            LoseFocus();
-            break;
-        case EN_UPDATE:
-            if (!isQuiet_) {
-                Tell(CBN_EDITUPDATE);
-            }
-            break;
-        case EN_CHANGE:
-            // What is typed is no item of the list.
-            if (!isQuiet_) {
-                List(LB_SETCURSEL, static_cast<WPARAM>(-1));
-                agreed_ = -1;
-                Tell(CBN_EDITCHANGE);
-            }
-            break;
-        case EN_ERRSPACE:
-            Tell(static_cast<WORD>(CBN_ERRSPACE));
-            break;
-    }
-}
-
-// The keys that the combo box itself knows, those of its edit control among them.
 bool ComboBox::KeyDown(WPARAM key, bool alt) {
     const bool isArrow = key == VK_UP || key == VK_DOWN;
     if ((alt && isArrow) || (!alt && key == VK_F4)) {
@@ -556,48 +414,17 @@ bool ComboBox::KeyDown(WPARAM key, bool alt) {
         }
         return true;
     }
-    // In an edit control the others move the caret.
-    if (edit_ != nullptr && !isArrow && key != VK_PRIOR && key != VK_NEXT) {
-        return false;
-    }
     KeyToList(WM_KEYDOWN, key);
     return true;
 }
 
 void ComboBox::KeyToList(UINT message, WPARAM key) {
     const HWND window = window_;
-    if (Selected() < 0) {
-        FindEditText();
-    }
     isKey_ = true;
     SendMessageW(list_, message, key, 0);
     if (IsWindow(window)) {
         isKey_ = false;
     }
-}
-
-LRESULT CALLBACK ComboBox::EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* combo = reinterpret_cast<ComboBox*>(GetWindowLongPtrW(GetParent(window), 0));
-    if (combo == nullptr) {
-        return DefWindowProcW(window, message, wParam, lParam);
-    }
-    const WNDPROC procedure = combo->editProcedure_;
-    const bool isKey = message == WM_KEYDOWN || message == WM_SYSKEYDOWN;
-    const bool alt = message == WM_SYSKEYDOWN && (lParam & kAltIsDown) != 0;
-    const bool closes = wParam == VK_RETURN || wParam == VK_ESCAPE;
-    if (isKey && (!closes || combo->isDropped_) && (message == WM_KEYDOWN || alt) &&
-        combo->KeyDown(wParam, alt)) {
-        return 0;
-    }
-    if (message == WM_CHAR && closes) {  // the key has done it
-        return 0;
-    }
-    const LRESULT result = CallWindowProcW(procedure, window, message, wParam, lParam);
-    if (message == WM_GETDLGCODE) {
-        return result |
-               (SendMessageW(GetParent(window), message, wParam, lParam) & DLGC_WANTMESSAGE);
-    }
-    return result;
 }
 
 // ---- Dropping ---------------------------------------------------------------------------------
@@ -607,10 +434,6 @@ void ComboBox::Drop() {
     // The program may fill the list only now.
     if (!Tell(CBN_DROPDOWN)) {
         return;
-    }
-    FindEditText();
-    if (edit_ != nullptr && Selected() >= 0) {
-        ShowSelection();
     }
     agreed_ = Selected();
     isDropped_ = true;
@@ -648,9 +471,6 @@ void ComboBox::GainFocus() {
     if (std::exchange(hasFocus_, true)) {
         return;
     }
-    if (edit_ != nullptr) {
-        SendMessageW(edit_, EM_SETSEL, 0, -1);
-    }
     Redraw();
     Tell(CBN_SETFOCUS);
 }
@@ -664,20 +484,16 @@ void ComboBox::LoseFocus() {
     if (!IsWindow(window)) {
         return;
     }
-    if (edit_ != nullptr) {
-        SendMessageW(edit_, EM_SETSEL, 0, 0);
-    }
     Redraw();
     Tell(CBN_KILLFOCUS);
 }
 
 // ---- The mouse --------------------------------------------------------------------------------
 
-void ComboBox::Pressed(POINT point) {
+void ComboBox::Pressed() {
     const HWND window = window_;
-    SetFocus(edit_ != nullptr ? edit_ : window_);
-    const RECT button = Button();
-    if (!IsWindow(window) || (edit_ != nullptr && !PtInRect(&button, point))) {
+    SetFocus(window_);
+    if (!IsWindow(window)) {
         return;
     }
     if (isDropped_) {
@@ -727,44 +543,15 @@ void ComboBox::Released(POINT point) {
 
 // ---- The field --------------------------------------------------------------------------------
 
-void ComboBox::ShowSelection() {
-    if (edit_ == nullptr) {
-        Redraw();
-    } else {
-        SetEditText(SelectedText());
-    }
-}
-
-void ComboBox::SetEditText(const WideString& text) {
-    const bool wasQuiet = std::exchange(isQuiet_, true);
-    SetWindowTextW(edit_, text.c_str());
-    SendMessageW(edit_, EM_SETSEL, 0, -1);
-    isQuiet_ = wasQuiet;
-}
-
 WideString ComboBox::SelectedText() const {
     const int selected = Selected();
-    if (selected < 0 || !HasStrings()) {
+    if (selected < 0) {
         return {};
     }
     WideString text(static_cast<size_t>(List(LB_GETTEXTLEN, static_cast<WPARAM>(selected))) + 1, 0);
     List(LB_GETTEXT, static_cast<WPARAM>(selected), reinterpret_cast<LPARAM>(text.data()));
     text.pop_back();
     return text;
-}
-
-// Selects the first item that begins with what is typed.
-void ComboBox::FindEditText() {
-    if (edit_ == nullptr || Selected() >= 0) {
-        return;
-    }
-    WideString text(static_cast<size_t>(GetWindowTextLengthW(edit_)) + 1, 0);
-    GetWindowTextW(edit_, text.data(), static_cast<int>(text.size()));
-    const LRESULT found =
-        List(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.c_str()));
-    if (found >= 0) {
-        List(LB_SETCURSEL, static_cast<WPARAM>(found));
-    }
 }
 
 // False when the parent has destroyed the combo box over it.
@@ -783,10 +570,6 @@ void ComboBox::Paint(HDC context) {
                      DFCS_SCROLLCOMBOBOX | (!IsWindowEnabled(window_) ? UINT{DFCS_INACTIVE}
                                             : isPressed_ ? UINT{DFCS_PUSHED | DFCS_FLAT}
                                                          : 0));
-    if (edit_ != nullptr) {
-        const RECT field = Field();
-        ExcludeClipRect(context, field.left, field.top, field.right, field.bottom);
-    }
     PaintField(context);
 }
 
@@ -795,9 +578,6 @@ void ComboBox::PaintField(HDC context) {
     const UINT colors = isEnabled ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC;
     const RECT around = {kEdge, kEdge, Button().left, Client().bottom - kEdge};
     FillForText(context, around, window_, GetParent(window_), colors, false, isEnabled);
-    if (edit_ != nullptr) {
-        return;
-    }
     const RECT field = Field();
     const bool isLit = hasFocus_ && !isDropped_;
     FillForText(context, field, window_, GetParent(window_), colors, isLit, isEnabled);

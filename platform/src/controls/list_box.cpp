@@ -23,22 +23,6 @@ void ItemOwner::Draw(HDC context, UINT item, UINT action, UINT state, const RECT
     RestoreDC(context, saved);
 }
 
-bool SortsBefore(const WideString& a, const WideString& b) {
-    const auto rank = [](WCHAR c) {
-        const bool digit = c >= '0' && c <= '9';
-        const bool letter = (c >= 'a' && c <= 'z') || c >= 0xC0;
-        return letter ? 2 : digit ? 1 : 0;
-    };
-    const WideString left = FoldCase(a);
-    const WideString right = FoldCase(b);
-    return std::lexicographical_compare(
-        left.begin(), left.end(), right.begin(), right.end(), [&](WCHAR x, WCHAR y) {
-            const WCHAR lowerX = x >= 'A' && x <= 'Z' ? static_cast<WCHAR>(x + 32) : x;
-            const WCHAR lowerY = y >= 'A' && y <= 'Z' ? static_cast<WCHAR>(y + 32) : y;
-            return rank(lowerX) != rank(lowerY) ? rank(lowerX) < rank(lowerY) : lowerX < lowerY;
-        });
-}
-
 void FillForText(HDC context, const RECT& rect, HWND control, HWND parent, UINT colorMessage,
                  bool isSelected, bool isEnabled) {
     SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
@@ -60,17 +44,14 @@ namespace {
 
 using common::PointOf;
 
-constexpr DWORD kKnownStyles = LBS_NOTIFY | LBS_SORT | LBS_MULTIPLESEL | LBS_OWNERDRAWFIXED |
-                               LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT | LBS_DISABLENOSCROLL;
+constexpr DWORD kKnownStyles =
+    LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
 constexpr int kSystemFontHeight = 16;  ///< what items are proposed to be, before there is a font
 constexpr int kTextMargin = 2;
-constexpr int kWheelNotch = 120;
-constexpr int kWheelLines = 3;
 
 struct Item {
     WideString text;
     ULONG_PTR data = 0;
-    bool isSelected = false;  // in lists with more than one selection
 };
 
 class ListBox : public common::Control {
@@ -91,26 +72,21 @@ class ListBox : public common::Control {
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleItem(UINT message, int index, LPARAM lParam);
     LRESULT HandleText(UINT message, WPARAM wParam, LPARAM lParam);
-    bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    bool HandleMouse(UINT message, LPARAM lParam);
     LRESULT GetText(int index, LPWSTR text) const;
     LRESULT SelectProgrammed(int index);
-    LRESULT SelectMany(bool select, int index);
 
     bool Create();
-    int Insert(int index, LPARAM textOrData);
+    int Insert(int index, LPCWSTR text);
     void Remove(int index);
     void Clear();
     void TellDeleted(int index) const;
-    int PlaceFor(const Item& item) const;
-    int Find(int after, LPARAM textOrData, bool exact) const;
+    int Find(int after, const WideString& text, bool exact) const;
 
     void Select(int index);
-    void MoveCaret(int index);
-    void Toggle(int index);
     void ShowItem(int index);
     void SetTop(int index);
     void Scroll(WORD code, int position);
-    void Wheel(int turned);
     void UpdateBar();
     void FitHeight();
     void Refresh(int index, UINT action);
@@ -122,12 +98,7 @@ class ListBox : public common::Control {
     int ItemAt(POINT point) const;
 
     bool Has(DWORD style) const { return (Style() & style) != 0; }
-    bool HasStrings() const { return !Has(LBS_OWNERDRAWFIXED) || Has(LBS_HASSTRINGS); }
-    bool IsMultiple() const { return Has(LBS_MULTIPLESEL); }
     bool IsItem(int index) const { return index >= 0 && index < Count(); }
-    bool IsSelected(int index) const {
-        return IsMultiple() ? items_[static_cast<size_t>(index)].isSelected : index == selected_;
-    }
     int Count() const { return static_cast<int>(items_.size()); }
     int Rows() const { return std::max(1, static_cast<int>(Client().bottom) / itemHeight_); }
     int LastTop() const { return std::max(0, Count() - Rows()); }
@@ -147,7 +118,6 @@ class ListBox : public common::Control {
     int top_ = 0;
     int itemHeight_ = kSystemFontHeight;
     bool isPressed_ = false;
-    int wheel_ = 0;
     FrameBar bar_;
 };
 
@@ -161,7 +131,7 @@ LRESULT ListBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message >= LB_ADDSTRING && message <= 0x1B3) {
         return HandleOwn(message, wParam, lParam);
     }
-    if (HandleMouse(message, wParam, lParam)) {
+    if (HandleMouse(message, lParam)) {
         return 0;
     }
     switch (message) {
@@ -201,17 +171,13 @@ LRESULT ListBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 bool ListBox::Create() {
     common::CheckStyle("list box", Style(), kKnownStyles);
-    if ((Style() & WS_HSCROLL) != 0 || (Has(LBS_SORT) && !HasStrings())) {
-        Unsupported("list box with a horizontal bar, or sorted without strings");
+    if (Has(WS_HSCROLL) || (Has(LBS_OWNERDRAWFIXED) && combo_ == nullptr)) {
+        Unsupported("list box with a horizontal bar, or owner-drawn outside of a combo box");
     }
     if (Has(WS_VSCROLL)) {
-        bar_.Enable(Has(LBS_DISABLENOSCROLL));
+        bar_.Enable(false);
     }
-    if (!Has(LBS_OWNERDRAWFIXED)) {
-        Measure();
-    } else if (combo_ == nullptr) {  // a combo box measures for its list
-        itemHeight_ = std::max(1, Owner().Measure(0, 0, kSystemFontHeight));
-    }
+    Measure();
     FitHeight();
     UpdateBar();
     return true;
@@ -228,11 +194,9 @@ LRESULT ListBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         case LB_GETCOUNT:
             return Count();
         case LB_GETCURSEL:
-            return !IsMultiple() ? selected_ : IsItem(caret_) ? caret_ : LB_ERR;
+            return selected_;
         case LB_SETCURSEL:
             return SelectProgrammed(index);
-        case LB_SETSEL:
-            return SelectMany(wParam != 0, static_cast<int>(lParam));
         case LB_GETTOPINDEX:
             return top_;
         case LB_SETITEMHEIGHT:
@@ -249,10 +213,8 @@ LRESULT ListBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         case LB_INSERTSTRING:
         case LB_FINDSTRING:
         case LB_FINDSTRINGEXACT:
-        case LB_SELECTSTRING:
             return HandleText(message, wParam, lParam);
         case LB_DELETESTRING:
-        case LB_GETSEL:
         case LB_GETTEXT:
         case LB_GETTEXTLEN:
         case LB_SETTOPINDEX:
@@ -273,13 +235,10 @@ LRESULT ListBox::HandleItem(UINT message, int index, LPARAM lParam) {
         case LB_DELETESTRING:
             Remove(index);
             return Count();
-        case LB_GETSEL:
-            return IsSelected(index);
         case LB_GETTEXT:
             return GetText(index, reinterpret_cast<LPWSTR>(lParam));
         case LB_GETTEXTLEN:
-            return HasStrings() ? static_cast<LRESULT>(At(index).text.size())
-                                : static_cast<LRESULT>(sizeof(ULONG_PTR));
+            return static_cast<LRESULT>(At(index).text.size());
         case LB_SETTOPINDEX:
             SetTop(index);
             return 0;
@@ -290,51 +249,36 @@ LRESULT ListBox::HandleItem(UINT message, int index, LPARAM lParam) {
             return static_cast<LRESULT>(At(index).data);
         default:  // LB_SETITEMDATA
             At(index).data = static_cast<ULONG_PTR>(lParam);
-            if (!HasStrings()) {
-                Refresh(index, ODA_DRAWENTIRE);
-            }
             return TRUE;
     }
 }
 
-// The messages with a text, or with the data of an item where there are no texts.
+// The messages with a text.
 LRESULT ListBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (HasStrings() && lParam == 0) {
+    const auto* text = reinterpret_cast<LPCWSTR>(lParam);
+    if (text == nullptr) {
         return LB_ERR;
     }
     const int index = static_cast<int>(wParam);
     switch (message) {
-        case LB_ADDSTRING: {
-            Item item;
-            if (HasStrings()) {
-                item.text = reinterpret_cast<LPCWSTR>(lParam);
-            }
-            return Insert(Has(LBS_SORT) ? PlaceFor(item) : Count(), lParam);
-        }
+        case LB_ADDSTRING:
+            return Insert(Count(), text);
         case LB_INSERTSTRING:
             return index < -1 || index > Count() ? LB_ERR
-                                                 : Insert(index == -1 ? Count() : index, lParam);
-        case LB_SELECTSTRING: {
-            const int found = Find(index, lParam, false);
-            return found < 0 ? LB_ERR : SelectProgrammed(found);
-        }
+                                                 : Insert(index == -1 ? Count() : index, text);
         default:
-            return Find(index, lParam, message == LB_FINDSTRINGEXACT);
+            return Find(index, text, message == LB_FINDSTRINGEXACT);
     }
 }
 
 LRESULT ListBox::GetText(int index, LPWSTR text) const {
     const Item& item = At(index);
-    if (!HasStrings()) {
-        *reinterpret_cast<ULONG_PTR*>(text) = item.data;
-        return sizeof(ULONG_PTR);
-    }
     std::copy_n(item.text.c_str(), item.text.size() + 1, text);
     return static_cast<LRESULT>(item.text.size());
 }
 
 LRESULT ListBox::SelectProgrammed(int index) {
-    if (IsMultiple() || index < -1 || index >= Count()) {
+    if (index < -1 || index >= Count()) {
         return LB_ERR;
     }
     Select(index);
@@ -344,33 +288,10 @@ LRESULT ListBox::SelectProgrammed(int index) {
     return index;
 }
 
-LRESULT ListBox::SelectMany(bool select, int index) {
-    if (!IsMultiple() || index < -1 || index >= Count()) {
-        return LB_ERR;
-    }
-    const int first = index < 0 ? 0 : index;
-    const int last = index < 0 ? Count() - 1 : index;
-    for (int i = first; i <= last; ++i) {
-        if (At(i).isSelected != select) {
-            Toggle(i);
-        }
-    }
-    if (index >= 0 && select) {
-        MoveCaret(index);
-    }
-    return 0;
-}
-
 // ---- The items --------------------------------------------------------------------------------
 
-int ListBox::Insert(int index, LPARAM textOrData) {
-    Item item;
-    if (HasStrings()) {
-        item.text = reinterpret_cast<LPCWSTR>(textOrData);
-    } else {
-        item.data = static_cast<ULONG_PTR>(textOrData);
-    }
-    items_.insert(items_.begin() + index, std::move(item));
+int ListBox::Insert(int index, LPCWSTR text) {
+    items_.insert(items_.begin() + index, Item{text});
     selected_ += selected_ >= index ? 1 : 0;
     caret_ += caret_ >= index && Count() > 1 ? 1 : 0;
     UpdateBar();
@@ -410,33 +331,17 @@ void ListBox::TellDeleted(int index) const {
     SendMessageW(Parent(), WM_DELETEITEM, owner.Id(), reinterpret_cast<LPARAM>(&deleted));
 }
 
-int ListBox::PlaceFor(const Item& item) const {
-    const auto place =
-        std::lower_bound(items_.begin(), items_.end(), item,
-                         [](const Item& a, const Item& b) { return SortsBefore(a.text, b.text); });
-    return static_cast<int>(place - items_.begin());
-}
-
 // Searches from behind an item to the end and from the beginning up to it.
-int ListBox::Find(int after, LPARAM textOrData, bool exact) const {
-    WideString wanted;
-    if (HasStrings()) {
-        wanted = FoldCase(reinterpret_cast<LPCWSTR>(textOrData));
-        if (wanted.empty()) {
-            return LB_ERR;
-        }
+int ListBox::Find(int after, const WideString& text, bool exact) const {
+    const WideString wanted = FoldCase(text);
+    if (wanted.empty()) {
+        return LB_ERR;
     }
-    const auto matches = [&](const Item& item) {
-        if (!HasStrings()) {
-            return item.data == static_cast<ULONG_PTR>(textOrData);
-        }
-        const WideString text = FoldCase(item.text);
-        return exact ? text == wanted : text.starts_with(wanted);
-    };
     const int start = IsItem(after) ? after + 1 : 0;
     for (int i = 0; i < Count(); ++i) {
         const int index = (start + i) % Count();
-        if (matches(At(index))) {
+        const WideString found = FoldCase(At(index).text);
+        if (exact ? found == wanted : found.starts_with(wanted)) {
             return index;
         }
     }
@@ -460,22 +365,6 @@ void ListBox::Select(int index) {
     if (IsItem(index)) {
         Refresh(index, ODA_SELECT);
     }
-}
-
-void ListBox::MoveCaret(int index) {
-    const int before = std::exchange(caret_, index);
-    if (before == index || !HasFocus()) {
-        return;
-    }
-    if (IsItem(before)) {
-        Refresh(before, ODA_FOCUS);
-    }
-    Refresh(index, ODA_FOCUS);
-}
-
-void ListBox::Toggle(int index) {
-    At(index).isSelected = !At(index).isSelected;
-    Refresh(index, ODA_SELECT);
 }
 
 void ListBox::ShowItem(int index) {
@@ -516,13 +405,6 @@ void ListBox::Scroll(WORD code, int position) {
     }
 }
 
-void ListBox::Wheel(int turned) {
-    wheel_ += turned;
-    const int notches = wheel_ / kWheelNotch;
-    wheel_ %= kWheelNotch;
-    SetTop(top_ - notches * kWheelLines);
-}
-
 void ListBox::UpdateBar() {
     bar_.Set({sizeof(SCROLLINFO), SIF_ALL, 0, std::max(0, Count() - 1), static_cast<UINT>(Rows()),
               top_, 0},
@@ -553,7 +435,7 @@ void ListBox::FitHeight() {
 // ---- Keys and the mouse -----------------------------------------------------------------------
 
 bool ListBox::KeyDown(WPARAM key) {
-    const int at = IsMultiple() ? caret_ : selected_;
+    const int at = selected_;
     const int page = std::max(1, Rows() - 1);
     const int last = Count() - 1;
     const struct {
@@ -571,16 +453,7 @@ bool ListBox::KeyDown(WPARAM key) {
         }
         const int target = std::clamp(row.target, 0, last);
         ShowItem(target);
-        if (IsMultiple()) {
-            MoveCaret(target);
-        } else {
-            Select(target);
-        }
-        Tell(LBN_SELCHANGE);
-        return true;
-    }
-    if (key == VK_SPACE && IsMultiple() && IsItem(caret_)) {
-        Toggle(caret_);
+        Select(target);
         Tell(LBN_SELCHANGE);
         return true;
     }
@@ -589,25 +462,19 @@ bool ListBox::KeyDown(WPARAM key) {
 
 // Goes to the next item that begins with the character.
 void ListBox::Character(WCHAR character) {
-    if (character <= ' ' || !HasStrings()) {
+    if (character <= ' ') {
         return;
     }
-    const WCHAR text[] = {character, 0};
-    const int found =
-        Find(IsMultiple() ? caret_ : selected_, reinterpret_cast<LPARAM>(text), false);
+    const int found = Find(selected_, WideString(1, character), false);
     if (found < 0) {
         return;
     }
     ShowItem(found);
-    if (IsMultiple()) {
-        MoveCaret(found);
-    } else {
-        Select(found);
-    }
+    Select(found);
     Tell(LBN_SELCHANGE);
 }
 
-bool ListBox::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
+bool ListBox::HandleMouse(UINT message, LPARAM lParam) {
     const POINT point = PointOf(lParam);
     switch (message) {
         case WM_LBUTTONDOWN:
@@ -622,7 +489,7 @@ bool ListBox::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_MOUSEMOVE:
             // The choice in a dropped list goes with the mouse, whether pressed or not.
-            if ((isPressed_ || combo_ != nullptr) && !IsMultiple()) {
+            if (isPressed_ || combo_ != nullptr) {
                 const int index = ItemAt(point);
                 if (IsItem(index)) {
                     Select(index);
@@ -634,9 +501,6 @@ bool ListBox::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
             return true;
         case WM_CAPTURECHANGED:
             isPressed_ = false;
-            return true;
-        case WM_MOUSEWHEEL:
-            Wheel(static_cast<SHORT>(HIWORD(wParam)));
             return true;
     }
     return false;
@@ -668,12 +532,7 @@ void ListBox::ButtonDown(POINT point) {
     }
     SetCapture(window_);
     isPressed_ = true;
-    if (IsMultiple()) {
-        MoveCaret(index);
-        Toggle(index);
-    } else {
-        Select(index);
-    }
+    Select(index);
 }
 
 void ListBox::ButtonUp(POINT point) {
@@ -741,7 +600,7 @@ void ListBox::Paint(HDC context) {
 void ListBox::PaintItem(HDC context, int index, UINT action) const {
     const RECT rect = ItemRect(index);
     const bool isEnabled = IsWindowEnabled(window_);
-    const bool isSelected = IsSelected(index);
+    const bool isSelected = index == selected_;
     const bool hasCaret = index == caret_ && HasFocus();
     const int saved = SaveDC(context);
     FillForText(context, rect, window_, Parent(), WM_CTLCOLORLISTBOX, isSelected, isEnabled);

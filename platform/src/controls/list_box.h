@@ -23,9 +23,6 @@ struct ItemOwner {
               ULONG_PTR data) const;
 };
 
-/// The order of sorted lists: without regard to case, punctuation before digits before letters.
-bool SortsBefore(const WideString& a, const WideString& b);
-
 /// Selects colours and fills a place for text: as chosen, as not available, or as the parent wants
 /// it by that WM_CTLCOLOR message.
 void FillForText(HDC context, const RECT& rect, HWND control, HWND parent, UINT colorMessage,
