@@ -8,8 +8,7 @@ namespace {
 
 using common::Control;
 
-constexpr DWORD kKnownStyles = BS_TYPEMASK | BS_LEFTTEXT | BS_ICON | BS_BITMAP | BS_CENTER |
-                               BS_VCENTER | BS_PUSHLIKE | BS_MULTILINE | BS_NOTIFY | BS_FLAT;
+constexpr DWORD kKnownStyles = BS_TYPEMASK | BS_MULTILINE;
 constexpr int kIndicator = 13;  // pixels of a check box's square or a radio button's circle
 constexpr int kGap = 4;
 
@@ -22,16 +21,13 @@ class Button : public Control {
     void Paint(HDC context) override;
 
   private:
+    bool Owns(UINT message) const override { return message >= BM_GETCHECK && message <= 0xFF; }
     DWORD Kind() const { return Style() & BS_TYPEMASK; }
     bool IsPush() const { return Kind() == BS_PUSHBUTTON || Kind() == BS_DEFPUSHBUTTON; }
     bool IsRadio() const { return Kind() == BS_RADIOBUTTON || Kind() == BS_AUTORADIOBUTTON; }
     bool HasCheck() const {
-        return IsRadio() ||
-               (Kind() >= BS_CHECKBOX && Kind() <= BS_AUTO3STATE && Kind() != BS_RADIOBUTTON);
+        return IsRadio() || Kind() == BS_CHECKBOX || Kind() == BS_AUTOCHECKBOX;
     }
-    bool Is3State() const { return Kind() == BS_3STATE || Kind() == BS_AUTO3STATE; }
-    bool IsOwnerDrawn() const { return Kind() == BS_OWNERDRAW; }
-    bool LooksPushed() const { return IsPush() || (Style() & BS_PUSHLIKE) != 0; }
 
     bool Contains(LPARAM mouse) const {
         const RECT area = Client();
@@ -56,10 +52,7 @@ class Button : public Control {
     void PaintPush(HDC context, RECT area) const;
     void PaintCheck(HDC context, RECT area) const;
     void PaintGroup(HDC context, RECT area) const;
-    void PaintByOwner(HDC context, UINT action) const;
-    void DrawNow(UINT action) const;
     void Refresh() const;
-    bool PaintImage(HDC context, const RECT& place) const;
     void PaintLabel(HDC context, RECT place, UINT format, bool focusFrame) const;
     WideString Text() const;
 
@@ -67,7 +60,6 @@ class Button : public Control {
     bool pushed_ = false;
     bool pressedByMouse_ = false;  // and the mouse captured
     bool focused_ = false;
-    HANDLE image_ = nullptr;  // the program's
 };
 
 WideString Button::Text() const {
@@ -79,7 +71,7 @@ WideString Button::Text() const {
 void Button::CheckKind(DWORD style) {
     common::CheckStyle("Button", style & 0xFFFF, kKnownStyles);
     const DWORD kind = style & BS_TYPEMASK;
-    if (kind > BS_GROUPBOX && kind != BS_AUTORADIOBUTTON && kind != BS_OWNERDRAW) {
+    if ((kind > BS_RADIOBUTTON && kind != BS_GROUPBOX && kind != BS_AUTORADIOBUTTON)) {
         Unsupported("Button of kind %u", kind);
     }
 }
@@ -110,8 +102,7 @@ void Button::SetCheck(DWORD check) {
     if (!HasCheck()) {
         return;
     }
-    const DWORD highest = Is3State() ? BST_INDETERMINATE : BST_CHECKED;
-    check = std::min(check, highest);
+    check = std::min(check, DWORD{BST_CHECKED});
     if (IsRadio()) {
         const LONG style = GetWindowLongW(window_, GWL_STYLE);
         SetWindowLongW(window_, GWL_STYLE,
@@ -129,11 +120,7 @@ void Button::SetPushed(bool pushed) {
         return;
     }
     pushed_ = pushed;
-    if (IsOwnerDrawn()) {
-        DrawNow(ODA_SELECT);
-    } else {
-        Redraw();
-    }
+    Redraw();
 }
 
 void Button::SetKind(DWORD style, bool redraw) {
@@ -165,16 +152,10 @@ void Button::CheckAloneInGroup() {
 }
 
 void Button::Toggle() {
-    switch (Kind()) {
-        case BS_AUTOCHECKBOX:
-            SetCheck(check_ == BST_UNCHECKED ? BST_CHECKED : BST_UNCHECKED);
-            break;
-        case BS_AUTO3STATE:
-            SetCheck((check_ + 1) % 3);
-            break;
-        case BS_AUTORADIOBUTTON:
-            CheckAloneInGroup();
-            break;
+    if (Kind() == BS_AUTOCHECKBOX) {
+        SetCheck(check_ == BST_UNCHECKED ? BST_CHECKED : BST_UNCHECKED);
+    } else if (Kind() == BS_AUTORADIOBUTTON) {
+        CheckAloneInGroup();
     }
 }
 
@@ -220,14 +201,7 @@ void Button::SetFocused(bool focused) {
     if (!focused) {
         SetPushed(false);
     }
-    if (IsOwnerDrawn()) {
-        DrawNow(ODA_FOCUS);
-    } else {
-        Redraw();
-    }
-    if ((Style() & BS_NOTIFY) != 0) {
-        NotifyCommand(focused ? BN_SETFOCUS : BN_KILLFOCUS);
-    }
+    Redraw();
 }
 
 void Button::HandleKey(UINT message, WPARAM key) {
@@ -250,49 +224,15 @@ HBRUSH Button::Background(HDC context, UINT message) const {
                                                  reinterpret_cast<LPARAM>(window_)));
 }
 
-bool Button::PaintImage(HDC context, const RECT& place) const {
-    if (image_ == nullptr || (Style() & (BS_ICON | BS_BITMAP)) == 0) {
-        return false;
-    }
-    const LONG across = place.left + place.right;
-    const LONG down = place.top + place.bottom;
-    if ((Style() & BS_ICON) != 0) {
-        DrawIcon(context, (across - GetSystemMetrics(SM_CXICON)) / 2,
-                 (down - GetSystemMetrics(SM_CYICON)) / 2, static_cast<HICON>(image_));
-        return true;
-    }
-    BITMAP bitmap = {};
-    GetObjectW(image_, sizeof(bitmap), &bitmap);
-    HDC source = CreateCompatibleDC(context);
-    HGDIOBJ before = SelectObject(source, image_);
-    BitBlt(context, (across - bitmap.bmWidth) / 2, (down - bitmap.bmHeight) / 2, bitmap.bmWidth,
-           bitmap.bmHeight, source, 0, 0, SRCCOPY);
-    SelectObject(source, before);
-    DeleteDC(source);
-    return true;
-}
-
-// The text stands where the style tells, in several lines when the style lets it.
+// The text stands in the middle of the height, in several lines when the style lets it.
 void Button::PaintLabel(HDC context, RECT place, UINT format, bool focusFrame) const {
-    constexpr UINT kAcross[] = {DT_LEFT, DT_LEFT, DT_RIGHT, DT_CENTER};
-    const DWORD across = (Style() & BS_CENTER) / BS_LEFT;
-    if (across != 0) {
-        format = (format & ~UINT{DT_CENTER | DT_RIGHT}) | kAcross[across];
-    }
     format |= (Style() & BS_MULTILINE) != 0 ? DT_WORDBREAK : DT_SINGLELINE;
     const WideString text = Text();
     const int length = static_cast<int>(text.size());
     RECT box = place;
     DrawTextW(context, text.c_str(), length, &box, format | DT_CALCRECT);
-    const LONG spare = place.bottom - place.top - (box.bottom - box.top);
-    const DWORD upright = Style() & BS_VCENTER;
-    OffsetRect(&box,
-               (format & DT_CENTER) != 0  ? (place.right - box.right) / 2
-               : (format & DT_RIGHT) != 0 ? place.right - box.right
-                                          : 0,
-               upright == BS_TOP      ? 0
-               : upright == BS_BOTTOM ? spare
-                                      : spare / 2);
+    OffsetRect(&box, (format & DT_CENTER) != 0 ? (place.right - box.right) / 2 : 0,
+               (place.bottom - place.top - (box.bottom - box.top)) / 2);
     place.top = box.top;
     SetBkMode(context, TRANSPARENT);
     if (!IsWindowEnabled(window_)) {
@@ -315,16 +255,14 @@ void Button::PaintPush(HDC context, RECT area) const {
         FrameRect(context, &area, GetSysColorBrush(COLOR_WINDOWFRAME));
         InflateRect(&area, -1, -1);
     }
-    const bool down = pushed_ || (HasCheck() && check_ != BST_UNCHECKED);
-    DrawFrameControl(context, &area, DFC_BUTTON, DFCS_BUTTONPUSH | (down ? UINT{DFCS_PUSHED} : 0u));
+    DrawFrameControl(context, &area, DFC_BUTTON,
+                     DFCS_BUTTONPUSH | (pushed_ ? UINT{DFCS_PUSHED} : 0u));
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
     RECT label = area;
     InflateRect(&label, -3, -3);
-    OffsetRect(&label, down ? 1 : 0, down ? 1 : 0);
-    if (!PaintImage(context, label)) {
-        IntersectClipRect(context, label.left, label.top, label.right, label.bottom);
-        PaintLabel(context, label, DT_CENTER, false);
-    }
+    OffsetRect(&label, pushed_ ? 1 : 0, pushed_ ? 1 : 0);
+    IntersectClipRect(context, label.left, label.top, label.right, label.bottom);
+    PaintLabel(context, label, DT_CENTER, false);
     if (focused_) {
         DrawFocusRect(context, &label);
     }
@@ -333,30 +271,16 @@ void Button::PaintPush(HDC context, RECT area) const {
 void Button::PaintCheck(HDC context, RECT area) const {
     HBRUSH background = Background(context, WM_CTLCOLORSTATIC);
     FillRect(context, &area, background);
-    const DWORD upright = Style() & BS_VCENTER;
-    const LONG top = upright == BS_TOP      ? 0
-                     : upright == BS_BOTTOM ? area.bottom - kIndicator
-                                            : (area.bottom - kIndicator) / 2;
-    RECT indicator = {0, top, kIndicator, 0};
+    const LONG top = (area.bottom - kIndicator) / 2;
+    RECT indicator = {0, top, kIndicator, top + kIndicator};
     RECT label = area;
-    if ((Style() & BS_LEFTTEXT) != 0) {
-        indicator.left = area.right - kIndicator;
-        indicator.right = area.right;
-        label.right = indicator.left - kGap;
-    } else {
-        label.left = kIndicator + kGap;
-    }
-    indicator.bottom = indicator.top + kIndicator;
-    UINT state = IsRadio()                     ? DFCS_BUTTONRADIO
-                 : check_ == BST_INDETERMINATE ? DFCS_BUTTON3STATE
-                                               : DFCS_BUTTONCHECK;
+    label.left = kIndicator + kGap;
+    UINT state = IsRadio() ? DFCS_BUTTONRADIO : DFCS_BUTTONCHECK;
     state |= check_ != BST_UNCHECKED ? DFCS_CHECKED : 0u;
     state |= pushed_ ? DFCS_PUSHED : 0u;
     state |= IsWindowEnabled(window_) ? 0u : DFCS_INACTIVE;
     DrawFrameControl(context, &indicator, DFC_BUTTON, state);
-    if (!PaintImage(context, label)) {
-        PaintLabel(context, label, DT_LEFT, true);
-    }
+    PaintLabel(context, label, DT_LEFT, true);
 }
 
 void Button::PaintGroup(HDC context, RECT area) const {
@@ -378,33 +302,6 @@ void Button::PaintGroup(HDC context, RECT area) const {
     PaintLabel(context, label, DT_LEFT | DT_SINGLELINE, false);
 }
 
-void Button::PaintByOwner(HDC context, UINT action) const {
-    Background(context, WM_CTLCOLORBTN);
-    DRAWITEMSTRUCT item = {};
-    item.CtlType = ODT_BUTTON;
-    item.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));
-    item.itemAction = action;
-    item.itemState = (IsWindowEnabled(window_) ? 0u : ODS_DISABLED) | (focused_ ? ODS_FOCUS : 0u) |
-                     (pushed_ ? ODS_SELECTED : 0u);
-    item.hwndItem = window_;
-    item.hDC = context;
-    item.rcItem = Client();
-    SendMessageW(GetParent(window_), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
-}
-
-// What the owner draws follows the focus and the pressing at once.
-void Button::DrawNow(UINT action) const {
-    if (!IsWindowVisible(window_)) {
-        return;
-    }
-    if (HDC context = GetDC(window_)) {
-        SelectObject(context,
-                     font_ != nullptr ? static_cast<HGDIOBJ>(font_) : GetStockObject(SYSTEM_FONT));
-        PaintByOwner(context, action);
-        ReleaseDC(window_, context);
-    }
-}
-
 // A group box paints its frame only: what else it showed is its parent's to paint.
 void Button::Refresh() const {
     if (Kind() != BS_GROUPBOX) {
@@ -419,11 +316,9 @@ void Button::Refresh() const {
 
 void Button::Paint(HDC context) {
     const RECT area = Client();
-    if (IsOwnerDrawn()) {
-        PaintByOwner(context, ODA_DRAWENTIRE);
-    } else if (Kind() == BS_GROUPBOX) {
+    if (Kind() == BS_GROUPBOX) {
         PaintGroup(context, area);
-    } else if (LooksPushed()) {
+    } else if (IsPush()) {
         PaintPush(context, area);
     } else {
         PaintCheck(context, area);
@@ -459,7 +354,7 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             break;
         case WM_LBUTTONDBLCLK:
-            if ((Style() & BS_NOTIFY) != 0 || Kind() == BS_RADIOBUTTON || IsOwnerDrawn()) {
+            if (Kind() == BS_RADIOBUTTON) {
                 NotifyCommand(BN_DOUBLECLICKED);
                 return 0;
             }
@@ -498,15 +393,6 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case BM_SETSTYLE:
             SetKind(static_cast<DWORD>(wParam), lParam != 0);
             return 0;
-        case BM_GETIMAGE:
-            return reinterpret_cast<LRESULT>(image_);
-        case BM_SETIMAGE: {
-            const HANDLE before = std::exchange(image_, reinterpret_cast<HANDLE>(lParam));
-            Redraw();
-            return reinterpret_cast<LRESULT>(before);
-        }
-        case BM_CLICK + 3:  // makes a click of the program's tell nothing
-            Unsupported("message %#x to a Button", message);
     }
     return Control::Handle(message, wParam, lParam);
 }

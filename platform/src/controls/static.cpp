@@ -1,4 +1,4 @@
-// The class "Static": texts, frames, icons and bitmaps.
+// The class "Static": texts, icons, bitmaps, and what the parent draws.
 #include "controls/common_control.h"
 
 #include <algorithm>
@@ -8,8 +8,7 @@ namespace {
 
 using common::Control;
 
-constexpr DWORD kKnownStyles = SS_TYPEMASK | SS_NOPREFIX | SS_NOTIFY | SS_CENTERIMAGE |
-                               SS_RIGHTJUST | SS_REALSIZEIMAGE | SS_REALSIZECONTROL | SS_SUNKEN;
+constexpr DWORD kKnownStyles = SS_TYPEMASK | SS_NOPREFIX | SS_NOTIFY;
 
 class Static : public Control {
   public:
@@ -23,9 +22,7 @@ class Static : public Control {
 
   private:
     DWORD Kind() const { return Style() & SS_TYPEMASK; }
-    bool ShowsText() const {
-        return Kind() <= SS_RIGHT || Kind() == SS_SIMPLE || Kind() == SS_LEFTNOWORDWRAP;
-    }
+    bool ShowsText() const { return Kind() <= SS_RIGHT; }
     bool ShowsImage() const { return Kind() == SS_ICON || Kind() == SS_BITMAP; }
     void CheckKind() const;
     void Load(const CREATESTRUCTW& creation);
@@ -35,8 +32,7 @@ class Static : public Control {
     void NotifyCommand(UINT code) const;
     HBRUSH Background(HDC context) const;
     void PaintText(HDC context, const RECT& area) const;
-    void PaintImage(HDC context, const RECT& area) const;
-    bool PaintShape(HDC context, RECT area) const;
+    void PaintImage(HDC context) const;
     void PaintByOwner(HDC context, const RECT& area) const;
 
     HANDLE image_ = nullptr;
@@ -45,15 +41,8 @@ class Static : public Control {
 
 void Static::CheckKind() const {
     common::CheckStyle("Static", Style() & 0xFFFF, kKnownStyles);
-    const DWORD kind = Kind();
-    const bool isKnown = kind <= SS_WHITEFRAME || (kind >= SS_SIMPLE && kind <= SS_BITMAP) ||
-                         (kind >= SS_ETCHEDHORZ && kind <= SS_ETCHEDFRAME);
-    if (!isKnown) {
-        Unsupported("Static of kind %u", kind);
-    }
-    if ((Style() & SS_SUNKEN) != 0) {
-        SetWindowLongW(window_, GWL_EXSTYLE,
-                       GetWindowLongW(window_, GWL_EXSTYLE) | WS_EX_STATICEDGE);
+    if (!ShowsText() && !ShowsImage() && Kind() != SS_OWNERDRAW) {
+        Unsupported("Static of kind %u", Kind());
     }
 }
 
@@ -89,11 +78,11 @@ SIZE Static::ImageSize() const {
 }
 
 // Gives the picture shown before, which is the caller's from now on. The control takes the size of
-// the picture, unless that is to be centred or fitted.
+// the picture.
 HANDLE Static::SetImage(HANDLE image) {
     const HANDLE before = std::exchange(image_, image);
     ownsImage_ = false;
-    if (image != nullptr && (Style() & (SS_CENTERIMAGE | SS_REALSIZECONTROL)) == 0) {
+    if (image != nullptr) {
         const SIZE size = ImageSize();
         SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -116,27 +105,11 @@ HBRUSH Static::Background(HDC context) const {
 }
 
 void Static::PaintText(HDC context, const RECT& area) const {
-    constexpr struct {
-        DWORD kind;
-        UINT format;
-    } kFormats[] = {
-        {SS_LEFT, DT_LEFT | DT_WORDBREAK | DT_EXPANDTABS},
-        {SS_CENTER, DT_CENTER | DT_WORDBREAK | DT_EXPANDTABS},
-        {SS_RIGHT, DT_RIGHT | DT_WORDBREAK | DT_EXPANDTABS},
-        {SS_SIMPLE, DT_LEFT | DT_SINGLELINE},
-        {SS_LEFTNOWORDWRAP, DT_LEFT | DT_EXPANDTABS},
-    };
+    constexpr UINT kAcross[] = {DT_LEFT, DT_CENTER, DT_RIGHT};
     WCHAR text[4096] = {};
     const int length = GetWindowTextW(window_, text, 4096);
-    const auto* row =
-        std::ranges::find_if(kFormats, [&](const auto& each) { return each.kind == Kind(); });
-    if (row == std::end(kFormats)) {
-        Unsupported("Static made into kind %u", Kind());
-    }
-    UINT format = row->format | ((Style() & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0u);
-    if ((Style() & SS_CENTERIMAGE) != 0) {
-        format = (format & ~UINT{DT_WORDBREAK}) | DT_SINGLELINE | DT_VCENTER;
-    }
+    const UINT format = kAcross[Kind()] | DT_WORDBREAK | DT_EXPANDTABS |
+                        ((Style() & SS_NOPREFIX) != 0 ? DT_NOPREFIX : 0u);
     if (!IsWindowEnabled(window_)) {
         SetTextColor(context, GetSysColor(COLOR_GRAYTEXT));
     }
@@ -144,46 +117,20 @@ void Static::PaintText(HDC context, const RECT& area) const {
     DrawTextW(context, text, length, &place, format);
 }
 
-void Static::PaintImage(HDC context, const RECT& area) const {
+void Static::PaintImage(HDC context) const {
     if (image_ == nullptr) {
         return;
     }
     const SIZE size = ImageSize();
-    POINT at = {0, 0};
-    if ((Style() & SS_CENTERIMAGE) != 0) {
-        at = {(area.right - size.cx) / 2, (area.bottom - size.cy) / 2};
-    }
     if (Kind() == SS_ICON) {
-        DrawIcon(context, at.x, at.y, static_cast<HICON>(image_));
+        DrawIcon(context, 0, 0, static_cast<HICON>(image_));
         return;
     }
-    const bool fitted = (Style() & SS_REALSIZECONTROL) != 0;
     HDC source = CreateCompatibleDC(context);
     HGDIOBJ before = SelectObject(source, image_);
-    StretchBlt(context, at.x, at.y, fitted ? area.right : size.cx, fitted ? area.bottom : size.cy,
-               source, 0, 0, size.cx, size.cy, SRCCOPY);
+    BitBlt(context, 0, 0, size.cx, size.cy, source, 0, 0, SRCCOPY);
     SelectObject(source, before);
     DeleteDC(source);
-}
-
-// Rectangles, frames and lines; false for a control that shows something else.
-bool Static::PaintShape(HDC context, RECT area) const {
-    const DWORD kind = Kind();
-    constexpr int kColors[] = {COLOR_3DDKSHADOW, COLOR_BTNSHADOW, COLOR_BTNHIGHLIGHT};
-    if (kind >= SS_BLACKRECT && kind <= SS_WHITERECT) {
-        FillRect(context, &area, GetSysColorBrush(kColors[kind - SS_BLACKRECT]));
-    } else if (kind >= SS_BLACKFRAME && kind <= SS_WHITEFRAME) {
-        FrameRect(context, &area, GetSysColorBrush(kColors[kind - SS_BLACKFRAME]));
-    } else if (kind == SS_ETCHEDHORZ) {
-        DrawEdge(context, &area, EDGE_ETCHED, BF_TOP);
-    } else if (kind == SS_ETCHEDVERT) {
-        DrawEdge(context, &area, EDGE_ETCHED, BF_LEFT);
-    } else if (kind == SS_ETCHEDFRAME) {
-        DrawEdge(context, &area, EDGE_ETCHED, BF_RECT);
-    } else {
-        return false;
-    }
-    return true;
 }
 
 void Static::PaintByOwner(HDC context, const RECT& area) const {
@@ -207,12 +154,10 @@ void Static::Paint(HDC context) {
     }
     SetBkMode(context, OPAQUE);  // the parent may change that along with the colours
     HBRUSH background = Background(context);
-    if (Kind() != SS_ETCHEDFRAME && (Kind() < SS_BLACKFRAME || Kind() > SS_WHITEFRAME)) {
-        FillRect(context, &area, background);
-    }
+    FillRect(context, &area, background);
     if (ShowsImage()) {
-        PaintImage(context, area);
-    } else if (!PaintShape(context, area)) {
+        PaintImage(context);
+    } else {
         PaintText(context, area);
     }
 }
