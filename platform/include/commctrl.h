@@ -6,10 +6,6 @@
 
 // Notifications of every common control.
 #define NM_CLICK 0xFFFFFFFE
-#define NM_DBLCLK 0xFFFFFFFD
-#define NM_RETURN 0xFFFFFFFC
-#define NM_SETFOCUS 0xFFFFFFF9
-#define NM_KILLFOCUS 0xFFFFFFF8
 #define NM_CUSTOMDRAW 0xFFFFFFF4
 #define NM_RELEASEDCAPTURE 0xFFFFFFF0
 #define CDDS_PREPAINT 1
@@ -20,13 +16,11 @@
 #define TBS_HORZ 0
 #define TBS_VERT 2
 #define TBS_TOP 4
-#define TBS_BOTTOM 0
 #define TBS_BOTH 8
 #define TBS_NOTICKS 0x10
 #define TBS_ENABLESELRANGE 0x20
 #define TBS_FIXEDLENGTH 0x40
 #define TBS_NOTHUMB 0x80
-#define TBS_TOOLTIPS 0x100
 #define TBM_GETPOS 0x400
 #define TBM_GETRANGEMIN 0x401
 #define TBM_GETRANGEMAX 0x402
@@ -56,10 +50,7 @@
 // Tab controls.
 #define TCS_FOCUSNEVER 0x8000
 #define TCS_MULTILINE 0x200
-#define TCS_SINGLELINE 0
-#define TCS_TABS 0
 #define TCS_RAGGEDRIGHT 0x800
-#define TCS_TOOLTIPS 0x4000
 #define TCIF_TEXT 1
 #define TCIF_IMAGE 2
 #define TCIF_PARAM 8
@@ -88,82 +79,35 @@
 #define TCN_SELCHANGING 0xFFFFFDD8
 
 // List views.
-#define LVS_ICON 0
 #define LVS_REPORT 1
-#define LVS_SMALLICON 2
-#define LVS_LIST 3
-#define LVS_TYPEMASK 3
-#define LVS_SINGLESEL 4
-#define LVS_SHOWSELALWAYS 8
-#define LVS_SORTASCENDING 0x10
-#define LVS_NOCOLUMNHEADER 0x4000
 #define LVIF_TEXT 1
-#define LVIF_IMAGE 2
-#define LVIF_PARAM 4
-#define LVIF_STATE 8
-#define LVIS_FOCUSED 1
-#define LVIS_SELECTED 2
-#define LVCF_FMT 1
 #define LVCF_WIDTH 2
 #define LVCF_TEXT 4
-#define LVCF_SUBITEM 8
 #define LVM_FIRST 0x1000
 #define LVM_GETITEMCOUNT 0x1004
-#define LVM_GETITEMW 0x104B
-#define LVM_SETITEMW 0x104C
 #define LVM_INSERTITEMW 0x104D
-#define LVM_DELETEITEM 0x1008
-#define LVM_DELETEALLITEMS 0x1009
 #define LVM_GETITEMTEXTW 0x1073
 #define LVM_SETITEMTEXTW 0x1074
 #define LVM_INSERTCOLUMNW 0x1061
-#define LVM_SETITEMSTATE 0x102B
-#define LVM_GETITEMSTATE 0x102C
-#define LVM_GETNEXTITEM 0x100C
-#define LVNI_ALL 0
-#define LVNI_FOCUSED 1
-#define LVNI_SELECTED 2
 #define LVN_ITEMCHANGING 0xFFFFFF9C
 #define LVN_ITEMCHANGED 0xFFFFFF9B
 #define LVN_INSERTITEM 0xFFFFFF9A
-#define LVN_DELETEITEM 0xFFFFFF99
-#define LVN_DELETEALLITEMS 0xFFFFFF98
-#define LVN_ITEMACTIVATE 0xFFFFFF8E
-#define LVN_KEYDOWN 0xFFFFFF65
 
 // Tooltips.
 #define TTS_ALWAYSTIP 1
 #define TTS_NOPREFIX 2
 #define TTF_IDISHWND 1
 #define TTF_SUBCLASS 0x10
-#define TTF_TRANSPARENT 0x100
-#define TTDT_AUTOMATIC 0
-#define TTDT_RESHOW 1
-#define TTDT_AUTOPOP 2
-#define TTDT_INITIAL 3
-#define TTN_SHOW 0xFFFFFDF7
-#define TTN_POP 0xFFFFFDF6
-#define TTN_GETDISPINFOW 0xFFFFFDEE
-#define TTM_ACTIVATE 0x401
-#define TTM_SETDELAYTIME 0x403
 #define TTM_ADDTOOLW 0x432
-#define TTM_DELTOOLW 0x433
-#define TTM_NEWTOOLRECTW 0x434
-#define TTM_RELAYEVENT 0x407
 #define TTM_GETTOOLINFOW 0x435
-#define TTM_SETTOOLINFOW 0x436
-#define TTM_UPDATETIPTEXTW 0x439
 #define TTM_GETTEXTW 0x438
 #define TTM_GETTOOLCOUNT 0x40D
-#define TTM_ENUMTOOLSW 0x43A
-#define TTM_POP 0x41C
 #define TTM_SETMAXTIPWIDTH 0x418
 #define TTM_GETMAXTIPWIDTH 0x419
 #define ICC_LISTVIEW_CLASSES 1
 #define ICC_BAR_CLASSES 4
 #define ICC_TAB_CLASSES 8
 #define ICC_WIN95_CLASSES 0xFF
-#define ICC_STANDARD_CLASSES 0x4000
 
 #define TRACKBAR_CLASSW TEXT("msctls_trackbar32")
 #define WC_TABCONTROLW TEXT("SysTabControl32")
@@ -251,24 +195,7 @@ struct NMLISTVIEW {
     LPARAM lParam;
 };
 
-struct NMITEMACTIVATE {
-    NMHDR hdr;
-    int iItem;
-    int iSubItem;
-    UINT uNewState;
-    UINT uOldState;
-    UINT uChanged;
-    POINT ptAction;
-    LPARAM lParam;
-    UINT uKeyFlags;
-};
-
 #pragma pack(push, 1)
-struct NMLVKEYDOWN {
-    NMHDR hdr;
-    WORD wVKey;
-    UINT flags;
-};
 #pragma pack(pop)
 
 struct TOOLINFOW {
@@ -282,21 +209,9 @@ struct TOOLINFOW {
     LPARAM lParam;
     void* lpReserved;
 };
-using TTTOOLINFOW = TOOLINFOW;
 // The structure's sizes before its last one and its last two members came; what a program without
 // the newest controls must give as cbSize.
-#define TTTOOLINFOW_V1_SIZE 56
 #define TTTOOLINFOW_V2_SIZE 64
-
-struct NMTTDISPINFOW {
-    NMHDR hdr;
-    LPWSTR lpszText;
-    WCHAR szText[80];
-    HINSTANCE hinst;
-    UINT uFlags;
-    LPARAM lParam;
-};
-#define LPSTR_TEXTCALLBACKW ((LPWSTR)-1)
 
 extern "C" {
 BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes);

@@ -75,7 +75,6 @@ void WINAPI SetLastError(DWORD error);
 HANDLE WINAPI HeapCreate(DWORD options, SIZE_T initialSize, SIZE_T maximumSize);
 BOOL WINAPI HeapDestroy(HANDLE heap);
 LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size);
-BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block);
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
 HGLOBAL WINAPI GlobalFree(HGLOBAL block);
 /// Describes the pages of equal rights from the one that holds the address on. Gives the bytes
@@ -92,7 +91,6 @@ HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL resource);
 DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 DWORD WINAPI GetCurrentThreadId(void);
-DWORD WINAPI GetCurrentProcessId(void);
 DWORD WINAPI GetTickCount(void);
 int WINAPI MulDiv(int number, int numerator, int denominator);
 

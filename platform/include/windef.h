@@ -17,7 +17,6 @@
 using BYTE = std::uint8_t;
 using CHAR = char;
 using WCHAR = char16_t;
-using TCHAR = WCHAR;
 using WORD = std::uint16_t;
 using SHORT = std::int16_t;
 using DWORD = std::uint32_t;
@@ -25,10 +24,8 @@ using LONG = std::int32_t;
 using ULONG = std::uint32_t;
 using INT = int;
 using UINT = unsigned int;
-using USHORT = std::uint16_t;
 using BOOL = int;
 using LONGLONG = std::int64_t;
-using DWORDLONG = std::uint64_t;
 using ULONG_PTR = std::uintptr_t;
 using UINT_PTR = std::uintptr_t;
 using DWORD_PTR = std::uintptr_t;
@@ -46,7 +43,6 @@ using LPCWSTR = const WCHAR*;
 using LPBYTE = BYTE*;
 using PLONG = LONG*;
 using LPDWORD = DWORD*;
-using PDWORD = DWORD*;
 using PULONG = ULONG*;
 using LPBOOL = BOOL*;
 using LPINT = int*;
@@ -80,12 +76,7 @@ using LPHANDLE = HANDLE*;
 using PHKEY = HKEY*;
 using FARPROC = INT_PTR(WINAPI*)();
 
-#define CONST const
-#define VOID void
 #define TEXT(text) u##text
-#define MAKEWORD(a, b) ((WORD)(((BYTE)(a)) | ((WORD)((BYTE)(b))) << 8))
-#define LOBYTE(w) ((BYTE)((DWORD_PTR)(w)&0xff))
-#define HIBYTE(w) ((BYTE)(((DWORD_PTR)(w) >> 8) & 0xff))
 #define MAKEWPARAM(a, b) ((WPARAM)(DWORD)MAKELONG(a, b))
 #define MAKELPARAM(a, b) ((LPARAM)(DWORD)MAKELONG(a, b))
 #define MAKELRESULT(a, b) ((LRESULT)(DWORD)MAKELONG(a, b))
@@ -111,6 +102,4 @@ struct RECT {
     LONG right;
     LONG bottom;
 };
-using PRECT = RECT*;
 using LPRECT = RECT*;
-using LPCRECT = const RECT*;

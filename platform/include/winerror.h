@@ -4,7 +4,6 @@
 #include <windef.h>
 
 #define ERROR_SUCCESS 0
-#define NO_ERROR 0
 #define ERROR_FILE_NOT_FOUND 2
 #define ERROR_PATH_NOT_FOUND 3
 #define ERROR_ACCESS_DENIED 5
@@ -40,5 +39,4 @@
 
 using HRESULT = LONG;
 #define S_OK ((HRESULT)0)
-#define SUCCEEDED(hr) ((HRESULT)(hr) >= 0)
 #define FAILED(hr) ((HRESULT)(hr) < 0)

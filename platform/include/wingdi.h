@@ -151,7 +151,6 @@ using LPDEVMODEW = DEVMODEW*;
 #define DKGRAY_BRUSH 3
 #define BLACK_BRUSH 4
 #define NULL_BRUSH 5
-#define HOLLOW_BRUSH 5
 #define WHITE_PEN 6
 #define BLACK_PEN 7
 #define NULL_PEN 8
@@ -174,7 +173,6 @@ using LPDEVMODEW = DEVMODEW*;
 #define BS_SOLID 0
 #define BS_NULL 1
 #define BS_PATTERN 3
-#define HS_DIAGCROSS 5
 #define NULLREGION 1
 #define SIMPLEREGION 2
 #define COMPLEXREGION 3
@@ -184,7 +182,6 @@ using LPDEVMODEW = DEVMODEW*;
 #define BI_RGB 0
 #define BI_BITFIELDS 3
 #define DIB_RGB_COLORS 0
-#define CBM_INIT 4
 
 // Text and fonts.
 #define TA_LEFT 0
@@ -193,22 +190,13 @@ using LPDEVMODEW = DEVMODEW*;
 #define TA_TOP 0
 #define TA_BOTTOM 8
 #define TA_BASELINE 0x18
-#define TA_NOUPDATECP 0
 #define ETO_OPAQUE 2
 #define ETO_CLIPPED 4
-#define FW_DONTCARE 0
 #define FW_NORMAL 0x190
 #define FW_BOLD 0x2BC
 #define LF_FACESIZE 0x20
 #define DEFAULT_CHARSET 1
-#define ANSI_CHARSET 0
-#define OUT_DEFAULT_PRECIS 0
-#define CLIP_DEFAULT_PRECIS 0
-#define DEFAULT_QUALITY 0
-#define ANTIALIASED_QUALITY 4
-#define DEFAULT_PITCH 0
 #define VARIABLE_PITCH 2
-#define FF_DONTCARE 0
 #define FF_SWISS 0x20
 
 // Device capabilities, mapping and colour management.
@@ -236,7 +224,6 @@ using LPDEVMODEW = DEVMODEW*;
 
 #define RGB(r, g, b) ((COLORREF)((BYTE)(r) | ((WORD)(BYTE)(g) << 8) | ((DWORD)(BYTE)(b) << 16)))
 #define GetRValue(rgb) ((BYTE)(rgb))
-#define GetGValue(rgb) ((BYTE)((rgb) >> 8))
 #define GetBValue(rgb) ((BYTE)((rgb) >> 16))
 
 struct BITMAP {
@@ -383,8 +370,6 @@ HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixe
                             const void* bits);
 HBITMAP WINAPI CreateDIBSection(HDC context, const BITMAPINFO* info, UINT usage, void** bits,
                                 HANDLE section, DWORD offset);
-HBITMAP WINAPI CreateDIBitmap(HDC context, const BITMAPINFOHEADER* header, DWORD init,
-                              const void* bits, const BITMAPINFO* info, UINT usage);
 int WINAPI GetDIBits(HDC context, HBITMAP bitmap, UINT start, UINT lines, LPVOID bits,
                      BITMAPINFO* info, UINT usage);
 int WINAPI SetDIBitsToDevice(HDC context, int x, int y, DWORD width, DWORD height, int sourceX,
@@ -424,7 +409,6 @@ COLORREF WINAPI GetTextColor(HDC context);
 COLORREF WINAPI SetBkColor(HDC context, COLORREF color);
 COLORREF WINAPI GetBkColor(HDC context);
 int WINAPI SetBkMode(HDC context, int mode);
-int WINAPI GetBkMode(HDC context);
 UINT WINAPI SetTextAlign(HDC context, UINT align);
 
 // Printed documents.

@@ -5,21 +5,16 @@
 #include <wingdi.h>
 
 #define MAKEINTRESOURCEW(id) ((LPWSTR)(ULONG_PTR)(WORD)(id))
-#define MAKEINTRESOURCE MAKEINTRESOURCEW
 #define IS_INTRESOURCE(name) (((ULONG_PTR)(name) >> 16) == 0)
 #define RT_CURSOR MAKEINTRESOURCEW(1)
 #define RT_BITMAP MAKEINTRESOURCEW(2)
 #define RT_ICON MAKEINTRESOURCEW(3)
-#define RT_MENU MAKEINTRESOURCEW(4)
 #define RT_DIALOG MAKEINTRESOURCEW(5)
-#define RT_STRING MAKEINTRESOURCEW(6)
 #define RT_RCDATA MAKEINTRESOURCEW(10)
 #define RT_GROUP_CURSOR MAKEINTRESOURCEW(12)
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
-#define RT_VERSION MAKEINTRESOURCEW(16)
 #define IDC_ARROW MAKEINTRESOURCEW(32512)
 #define IDC_WAIT MAKEINTRESOURCEW(32514)
-#define IDC_HAND MAKEINTRESOURCEW(32649)
 #define IDI_APPLICATION MAKEINTRESOURCEW(32512)
 
 using WNDPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -91,7 +86,6 @@ struct STYLESTRUCT {
     DWORD styleOld;
     DWORD styleNew;
 };
-using LPSTYLESTRUCT = STYLESTRUCT*;
 
 struct NCCALCSIZE_PARAMS {
     RECT rgrc[3];
@@ -103,14 +97,12 @@ struct NMHDR {
     UINT_PTR idFrom;
     UINT code;
 };
-using LPNMHDR = NMHDR*;
 
 struct COPYDATASTRUCT {
     ULONG_PTR dwData;
     DWORD cbData;
     PVOID lpData;
 };
-using PCOPYDATASTRUCT = COPYDATASTRUCT*;
 
 struct HELPINFO {
     UINT cbSize;
@@ -132,7 +124,6 @@ struct DRAWITEMSTRUCT {
     RECT rcItem;
     ULONG_PTR itemData;
 };
-using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 
 struct MEASUREITEMSTRUCT {
     UINT CtlType;
@@ -142,7 +133,6 @@ struct MEASUREITEMSTRUCT {
     UINT itemHeight;
     ULONG_PTR itemData;
 };
-using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 
 struct DELETEITEMSTRUCT {
     UINT CtlType;
@@ -151,7 +141,6 @@ struct DELETEITEMSTRUCT {
     HWND hwndItem;
     ULONG_PTR itemData;
 };
-using LPDELETEITEMSTRUCT = DELETEITEMSTRUCT*;
 
 struct SCROLLINFO {
     UINT cbSize;
@@ -178,15 +167,12 @@ struct DLGTEMPLATE {
 using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 
 // Window styles.
-#define WS_OVERLAPPED 0
 #define WS_POPUP 0x80000000
 #define WS_CHILD 0x40000000
-#define WS_MINIMIZE 0x20000000
 #define WS_VISIBLE 0x10000000
 #define WS_DISABLED 0x8000000
 #define WS_CLIPSIBLINGS 0x4000000
 #define WS_CLIPCHILDREN 0x2000000
-#define WS_MAXIMIZE 0x1000000
 #define WS_CAPTION 0xC00000
 #define WS_BORDER 0x800000
 #define WS_DLGFRAME 0x400000
@@ -197,20 +183,14 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define WS_GROUP 0x20000
 #define WS_TABSTOP 0x10000
 #define WS_MINIMIZEBOX 0x20000
-#define WS_MAXIMIZEBOX 0x10000
-#define WS_OVERLAPPEDWINDOW 0xCF0000
-#define WS_POPUPWINDOW 0x80880000
 #define WS_EX_DLGMODALFRAME 1
 #define WS_EX_NOPARENTNOTIFY 4
 #define WS_EX_TOPMOST 8
-#define WS_EX_TRANSPARENT 0x20
 #define WS_EX_TOOLWINDOW 0x80
 #define WS_EX_WINDOWEDGE 0x100
 #define WS_EX_CLIENTEDGE 0x200
-#define WS_EX_CONTEXTHELP 0x400
 #define WS_EX_CONTROLPARENT 0x10000
 #define WS_EX_STATICEDGE 0x20000
-#define WS_EX_APPWINDOW 0x40000
 #define CS_VREDRAW 1
 #define CS_HREDRAW 2
 #define CS_DBLCLKS 8
@@ -220,7 +200,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define CW_USEDEFAULT (-2147483648)
 
 // Messages of every window.
-#define WM_NULL 0
 #define WM_CREATE 1
 #define WM_DESTROY 2
 #define WM_MOVE 3
@@ -241,7 +220,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define WM_SHOWWINDOW 0x18
 #define WM_ACTIVATEAPP 0x1C
 #define WM_CANCELMODE 0x1F
-#define WM_SETCURSOR 0x20
 #define WM_MOUSEACTIVATE 0x21
 #define WM_NEXTDLGCTL 0x28
 #define WM_DRAWITEM 0x2B
@@ -284,7 +262,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define WM_TIMER 0x113
 #define WM_HSCROLL 0x114
 #define WM_VSCROLL 0x115
-#define WM_ENTERIDLE 0x121
 #define WM_CTLCOLORMSGBOX 0x132
 #define WM_CTLCOLOREDIT 0x133
 #define WM_CTLCOLORLISTBOX 0x134
@@ -296,35 +273,17 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define WM_LBUTTONDOWN 0x201
 #define WM_LBUTTONUP 0x202
 #define WM_LBUTTONDBLCLK 0x203
-#define WM_RBUTTONDOWN 0x204
-#define WM_RBUTTONUP 0x205
 #define WM_MOUSEWHEEL 0x20A
 #define WM_PARENTNOTIFY 0x210
 #define WM_CAPTURECHANGED 0x215
-#define WM_CUT 0x300
-#define WM_COPY 0x301
-#define WM_PASTE 0x302
-#define WM_CLEAR 0x303
-#define WM_UNDO 0x304
-#define WM_PRINT 0x317
-#define WM_PRINTCLIENT 0x318
 #define WM_USER 0x400
 #define WM_APP 0x8000
-#define PRF_CHECKVISIBLE 1
-#define PRF_NONCLIENT 2
-#define PRF_CLIENT 4
-#define PRF_ERASEBKGND 8
-#define PRF_CHILDREN 0x10
-#define PRF_OWNED 0x20
 #define WA_INACTIVE 0
 #define WA_ACTIVE 1
-#define WA_CLICKACTIVE 2
 #define MK_LBUTTON 1
 #define SC_CLOSE 0xF060
 #define NFR_UNICODE 2
 #define NF_QUERY 3
-#define NF_REQUERY 4
-#define UISF_HIDEFOCUS 1
 #define HTTRANSPARENT (-1)
 #define HTNOWHERE 0
 #define HTCLIENT 1
@@ -346,9 +305,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DWLP_DLGPROC 8
 #define DWLP_USER 0x10
 #define DLGWINDOWEXTRA 0x1E
-#define GCLP_HCURSOR (-12)
-#define GCLP_HBRBACKGROUND (-10)
-#define GCW_ATOM (-32)
 #define GW_HWNDFIRST 0
 #define GW_HWNDLAST 1
 #define GW_HWNDNEXT 2
@@ -373,48 +329,32 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SWP_FRAMECHANGED 0x20
 #define SWP_SHOWWINDOW 0x40
 #define SWP_HIDEWINDOW 0x80
-#define SWP_NOOWNERZORDER 0x200
 #define RDW_INVALIDATE 1
 #define RDW_INTERNALPAINT 2
 #define RDW_ERASE 4
 #define RDW_VALIDATE 8
-#define RDW_NOERASE 0x20
 #define RDW_NOCHILDREN 0x40
 #define RDW_ALLCHILDREN 0x80
 #define RDW_UPDATENOW 0x100
 #define RDW_ERASENOW 0x200
 #define RDW_FRAME 0x400
-#define PM_NOREMOVE 0
 #define PM_REMOVE 1
-#define DCX_WINDOW 1
-#define DCX_CACHE 2
-#define DCX_CLIPCHILDREN 8
-#define DCX_CLIPSIBLINGS 0x10
-#define DCX_PARENTCLIP 0x20
 
 // Dialogs.
 #define DS_3DLOOK 4
-#define DS_FIXEDSYS 8
 #define DS_NOFAILCREATE 0x10
 #define DS_SETFONT 0x40
 #define DS_MODALFRAME 0x80
-#define DS_NOIDLEMSG 0x100
-#define DS_SETFOREGROUND 0x200
 #define DS_CONTROL 0x400
 #define DS_CENTER 0x800
-#define DS_CENTERMOUSE 0x1000
 #define DS_CONTEXTHELP 0x2000
 #define DS_SHELLFONT 0x48
 #define DS_ABSALIGN 1
-#define DS_SYSMODAL 2
-#define DS_LOCALEDIT 0x20
 #define DM_GETDEFID 0x400
 #define DM_SETDEFID 0x401
-#define DM_REPOSITION 0x402
 #define DC_HASDEFID 0x534B
 #define DLGC_WANTARROWS 1
 #define DLGC_WANTTAB 2
-#define DLGC_WANTALLKEYS 4
 #define DLGC_WANTMESSAGE 4
 #define DLGC_HASSETSEL 8
 #define DLGC_DEFPUSHBUTTON 0x10
@@ -430,50 +370,26 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define IDIGNORE 5
 #define IDYES 6
 #define IDNO 7
-#define IDCLOSE 8
 #define IDHELP 9
 #define MB_OK 0
 #define MB_OKCANCEL 1
 #define MB_ABORTRETRYIGNORE 2
-#define MB_YESNOCANCEL 3
 #define MB_YESNO 4
 #define MB_RETRYCANCEL 5
 #define MB_ICONERROR 0x10
-#define MB_ICONQUESTION 0x20
 #define MB_ICONWARNING 0x30
-#define MB_ICONINFORMATION 0x40
-#define MB_ICONSTOP 0x10
 #define MB_DEFBUTTON2 0x100
 #define MB_TYPEMASK 15
-#define MSGF_DIALOGBOX 0
-#define HELPINFO_WINDOW 1
 
 // Static controls.
 #define SS_LEFT 0
-#define SS_CENTER 1
 #define SS_RIGHT 2
 #define SS_ICON 3
-#define SS_BLACKRECT 4
-#define SS_GRAYRECT 5
-#define SS_WHITERECT 6
-#define SS_BLACKFRAME 7
-#define SS_GRAYFRAME 8
-#define SS_WHITEFRAME 9
-#define SS_SIMPLE 11
-#define SS_LEFTNOWORDWRAP 12
 #define SS_OWNERDRAW 13
 #define SS_BITMAP 14
-#define SS_ETCHEDHORZ 0x10
-#define SS_ETCHEDVERT 0x11
-#define SS_ETCHEDFRAME 0x12
 #define SS_TYPEMASK 0x1F
 #define SS_NOPREFIX 0x80
 #define SS_NOTIFY 0x100
-#define SS_CENTERIMAGE 0x200
-#define SS_RIGHTJUST 0x400
-#define SS_REALSIZEIMAGE 0x800
-#define SS_REALSIZECONTROL 0x40
-#define SS_SUNKEN 0x1000
 #define STM_SETICON 0x170
 #define STM_GETICON 0x171
 #define STM_SETIMAGE 0x172
@@ -489,98 +405,42 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define BS_CHECKBOX 2
 #define BS_AUTOCHECKBOX 3
 #define BS_RADIOBUTTON 4
-#define BS_3STATE 5
-#define BS_AUTO3STATE 6
 #define BS_GROUPBOX 7
 #define BS_USERBUTTON 8
 #define BS_AUTORADIOBUTTON 9
-#define BS_OWNERDRAW 11
 #define BS_TYPEMASK 15
-#define BS_LEFTTEXT 0x20
-#define BS_ICON 0x40
-#define BS_BITMAP 0x80
-#define BS_LEFT 0x100
-#define BS_RIGHT 0x200
-#define BS_CENTER 0x300
-#define BS_TOP 0x400
-#define BS_BOTTOM 0x800
-#define BS_VCENTER 0xC00
-#define BS_PUSHLIKE 0x1000
 #define BS_MULTILINE 0x2000
-#define BS_NOTIFY 0x4000
-#define BS_FLAT 0x8000
 #define BM_GETCHECK 0xF0
 #define BM_SETCHECK 0xF1
 #define BM_GETSTATE 0xF2
 #define BM_SETSTATE 0xF3
 #define BM_SETSTYLE 0xF4
 #define BM_CLICK 0xF5
-#define BM_GETIMAGE 0xF6
-#define BM_SETIMAGE 0xF7
 #define BN_CLICKED 0
-#define BN_PAINT 1
 #define BN_DOUBLECLICKED 5
-#define BN_SETFOCUS 6
-#define BN_KILLFOCUS 7
 #define BST_UNCHECKED 0
 #define BST_CHECKED 1
-#define BST_INDETERMINATE 2
 #define BST_PUSHED 4
 #define BST_FOCUS 8
 
 // Edit controls.
-#define ES_LEFT 0
-#define ES_CENTER 1
-#define ES_RIGHT 2
-#define ES_MULTILINE 4
-#define ES_UPPERCASE 8
-#define ES_LOWERCASE 0x10
-#define ES_PASSWORD 0x20
-#define ES_AUTOVSCROLL 0x40
 #define ES_AUTOHSCROLL 0x80
-#define ES_NOHIDESEL 0x100
 #define ES_READONLY 0x800
-#define ES_WANTRETURN 0x1000
-#define ES_NUMBER 0x2000
 #define EM_GETSEL 0xB0
 #define EM_SETSEL 0xB1
-#define EM_GETRECT 0xB2
-#define EM_GETMODIFY 0xB8
-#define EM_SETMODIFY 0xB9
-#define EM_GETLINECOUNT 0xBA
-#define EM_LINELENGTH 0xC1
-#define EM_LINEINDEX 0xBB
-#define EM_REPLACESEL 0xC2
-#define EM_GETLINE 0xC4
-#define EM_SETLIMITTEXT 0xC5
 #define EM_LIMITTEXT 0xC5
 #define EM_GETLIMITTEXT 0xD5
-#define EM_CANUNDO 0xC6
-#define EM_UNDO 0xC7
-#define EM_EMPTYUNDOBUFFER 0xCD
-#define EM_SETREADONLY 0xCF
-#define EM_SCROLLCARET 0xB7
-#define EM_SETPASSWORDCHAR 0xCC
 #define EN_SETFOCUS 0x100
 #define EN_KILLFOCUS 0x200
 #define EN_CHANGE 0x300
 #define EN_UPDATE 0x400
-#define EN_ERRSPACE 0x500
 #define EN_MAXTEXT 0x501
 
 // Combo boxes.
-#define CBS_SIMPLE 1
-#define CBS_DROPDOWN 2
 #define CBS_DROPDOWNLIST 3
 #define CBS_OWNERDRAWFIXED 0x10
-#define CBS_OWNERDRAWVARIABLE 0x20
-#define CBS_AUTOHSCROLL 0x40
-#define CBS_SORT 0x100
 #define CBS_HASSTRINGS 0x200
-#define CBS_NOINTEGRALHEIGHT 0x400
-#define CBS_DISABLENOSCROLL 0x800
 #define CB_GETEDITSEL 0x140
-#define CB_LIMITTEXT 0x141
 #define CB_ADDSTRING 0x143
 #define CB_DELETESTRING 0x144
 #define CB_GETCOUNT 0x146
@@ -590,26 +450,18 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define CB_INSERTSTRING 0x14A
 #define CB_RESETCONTENT 0x14B
 #define CB_FINDSTRING 0x14C
-#define CB_SELECTSTRING 0x14D
 #define CB_SETCURSEL 0x14E
 #define CB_SHOWDROPDOWN 0x14F
 #define CB_GETITEMDATA 0x150
 #define CB_SETITEMDATA 0x151
-#define CB_GETDROPPEDCONTROLRECT 0x152
 #define CB_SETITEMHEIGHT 0x153
 #define CB_GETITEMHEIGHT 0x154
 #define CB_GETDROPPEDSTATE 0x157
 #define CB_FINDSTRINGEXACT 0x158
-#define CB_SETDROPPEDWIDTH 0x160
 #define CB_ERR (-1)
-#define CB_ERRSPACE (-2)
-#define CBN_ERRSPACE (-1)
 #define CBN_SELCHANGE 1
-#define CBN_DBLCLK 2
 #define CBN_SETFOCUS 3
 #define CBN_KILLFOCUS 4
-#define CBN_EDITCHANGE 5
-#define CBN_EDITUPDATE 6
 #define CBN_DROPDOWN 7
 #define CBN_CLOSEUP 8
 #define CBN_SELENDOK 9
@@ -617,28 +469,18 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 
 // List boxes.
 #define LBS_NOTIFY 1
-#define LBS_SORT 2
-#define LBS_NOREDRAW 4
-#define LBS_MULTIPLESEL 8
 #define LBS_OWNERDRAWFIXED 0x10
-#define LBS_OWNERDRAWVARIABLE 0x20
 #define LBS_HASSTRINGS 0x40
 #define LBS_NOINTEGRALHEIGHT 0x100
-#define LBS_WANTKEYBOARDINPUT 0x400
-#define LBS_DISABLENOSCROLL 0x1000
-#define LBS_STANDARD 0xA00003
 #define LB_ADDSTRING 0x180
 #define LB_INSERTSTRING 0x181
 #define LB_DELETESTRING 0x182
 #define LB_RESETCONTENT 0x184
-#define LB_SETSEL 0x185
 #define LB_SETCURSEL 0x186
-#define LB_GETSEL 0x187
 #define LB_GETCURSEL 0x188
 #define LB_GETTEXT 0x189
 #define LB_GETTEXTLEN 0x18A
 #define LB_GETCOUNT 0x18B
-#define LB_SELECTSTRING 0x18C
 #define LB_GETTOPINDEX 0x18E
 #define LB_FINDSTRING 0x18F
 #define LB_SETTOPINDEX 0x197
@@ -649,7 +491,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define LB_GETITEMHEIGHT 0x1A1
 #define LB_FINDSTRINGEXACT 0x1A2
 #define LB_ERR (-1)
-#define LB_ERRSPACE (-2)
 #define LBN_SELCHANGE 1
 #define LBN_DBLCLK 2
 #define LBN_SELCANCEL 3
@@ -659,23 +500,16 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 // Scroll bars.
 #define SBS_HORZ 0
 #define SBS_VERT 1
-#define SB_HORZ 0
 #define SB_VERT 1
 #define SB_CTL 2
 #define SB_LINEUP 0
-#define SB_LINELEFT 0
 #define SB_LINEDOWN 1
-#define SB_LINERIGHT 1
 #define SB_PAGEUP 2
-#define SB_PAGELEFT 2
 #define SB_PAGEDOWN 3
-#define SB_PAGERIGHT 3
 #define SB_THUMBPOSITION 4
 #define SB_THUMBTRACK 5
 #define SB_TOP 6
-#define SB_LEFT 6
 #define SB_BOTTOM 7
-#define SB_RIGHT 7
 #define SB_ENDSCROLL 8
 #define SBM_SETPOS 0xE0
 #define SBM_GETPOS 0xE1
@@ -693,30 +527,23 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SIF_ALL 0x17
 
 // Owner-drawn items.
-#define ODT_MENU 1
 #define ODT_LISTBOX 2
 #define ODT_COMBOBOX 3
-#define ODT_BUTTON 4
 #define ODT_STATIC 5
 #define ODA_DRAWENTIRE 1
 #define ODA_SELECT 2
 #define ODA_FOCUS 4
 #define ODS_SELECTED 1
-#define ODS_GRAYED 2
 #define ODS_DISABLED 4
-#define ODS_CHECKED 8
 #define ODS_FOCUS 0x10
-#define ODS_DEFAULT 0x20
 #define ODS_COMBOBOXEDIT 0x1000
 
 // Menus.
 #define MF_STRING 0
 #define MF_BYCOMMAND 0
 #define MF_BYPOSITION 0x400
-#define MF_ENABLED 0
 #define MF_GRAYED 1
 #define MF_DISABLED 2
-#define MF_UNCHECKED 0
 #define MF_CHECKED 8
 #define MF_POPUP 0x10
 #define MF_SEPARATOR 0x800
@@ -726,8 +553,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define VK_TAB 9
 #define VK_RETURN 13
 #define VK_SHIFT 0x10
-#define VK_CONTROL 0x11
-#define VK_MENU 0x12
 #define VK_ESCAPE 0x1B
 #define VK_SPACE 0x20
 #define VK_PRIOR 0x21
@@ -738,14 +563,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define VK_UP 0x26
 #define VK_RIGHT 0x27
 #define VK_DOWN 0x28
-#define VK_INSERT 0x2D
 #define VK_DELETE 0x2E
-#define VK_F1 0x70
 #define VK_F4 0x73
 
 // System colours, metrics and drawn parts.
 #define COLOR_SCROLLBAR 0
-#define COLOR_BACKGROUND 1
 #define COLOR_ACTIVECAPTION 2
 #define COLOR_INACTIVECAPTION 3
 #define COLOR_MENU 4
@@ -757,14 +579,12 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define COLOR_HIGHLIGHT 13
 #define COLOR_HIGHLIGHTTEXT 14
 #define COLOR_BTNFACE 15
-#define COLOR_3DFACE 15
 #define COLOR_BTNSHADOW 0x10
 #define COLOR_GRAYTEXT 0x11
 #define COLOR_BTNTEXT 0x12
 #define COLOR_BTNHIGHLIGHT 0x14
 #define COLOR_3DDKSHADOW 0x15
 #define COLOR_3DLIGHT 0x16
-#define COLOR_INFOTEXT 0x17
 #define COLOR_INFOBK 0x18
 #define SM_CXSCREEN 0
 #define SM_CYSCREEN 1
@@ -773,8 +593,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SM_CYCAPTION 4
 #define SM_CXBORDER 5
 #define SM_CYBORDER 6
-#define SM_CXDLGFRAME 7
-#define SM_CYDLGFRAME 8
 #define SM_CXFIXEDFRAME 7
 #define SM_CYFIXEDFRAME 8
 #define SM_CYVTHUMB 9
@@ -838,7 +656,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DFCS_PUSHED 0x200
 #define DFCS_CHECKED 0x400
 #define DFCS_FLAT 0x4000
-#define DT_TOP 0
 #define DT_LEFT 0
 #define DT_CENTER 1
 #define DT_RIGHT 2
@@ -864,13 +681,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define LR_DEFAULTSIZE 0x40
 #define LR_CREATEDIBSECTION 0x2000
 #define LR_SHARED 0x8000
-#define LR_COPYFROMRESOURCE 0x4000
 
 #define HWND_TOP ((HWND)0)
 #define HWND_BOTTOM ((HWND)1)
 #define HWND_TOPMOST ((HWND)-1)
 #define HWND_NOTOPMOST ((HWND)-2)
-#define HWND_DESKTOP ((HWND)0)
 #define HWND_MESSAGE ((HWND)-3)
 
 extern "C" {
@@ -878,7 +693,6 @@ extern "C" {
 // Classes and windows.
 ATOM WINAPI RegisterClassExW(const WNDCLASSEXW* windowClass);
 BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE module);
-BOOL WINAPI GetClassInfoExW(HINSTANCE module, LPCWSTR name, WNDCLASSEXW* windowClass);
 int WINAPI GetClassNameW(HWND window, LPWSTR name, int length);
 HWND WINAPI CreateWindowExW(DWORD extendedStyle, LPCWSTR className, LPCWSTR text, DWORD style,
                             int x, int y, int width, int height, HWND parent, HMENU menuOrId,
@@ -889,7 +703,6 @@ LONG_PTR WINAPI GetWindowLongPtrW(HWND window, int index);
 LONG_PTR WINAPI SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
 LONG WINAPI GetWindowLongW(HWND window, int index);
 LONG WINAPI SetWindowLongW(HWND window, int index, LONG value);
-ULONG_PTR WINAPI GetClassLongPtrW(HWND window, int index);
 HANDLE WINAPI GetPropW(HWND window, LPCWSTR name);
 BOOL WINAPI SetPropW(HWND window, LPCWSTR name, HANDLE value);
 HANDLE WINAPI RemovePropW(HWND window, LPCWSTR name);
@@ -904,13 +717,10 @@ HWND WINAPI SetFocus(HWND window);
 HWND WINAPI GetFocus();
 HWND WINAPI SetActiveWindow(HWND window);
 HWND WINAPI GetActiveWindow();
-HWND WINAPI GetForegroundWindow();
-BOOL WINAPI SetForegroundWindow(HWND window);
 HWND WINAPI SetCapture(HWND window);
 BOOL WINAPI ReleaseCapture();
 HWND WINAPI GetCapture();
 HWND WINAPI GetParent(HWND window);
-HWND WINAPI SetParent(HWND window, HWND parent);
 HWND WINAPI GetAncestor(HWND window, UINT which);
 HWND WINAPI GetWindow(HWND window, UINT which);
 HWND WINAPI GetLastActivePopup(HWND window);
@@ -920,7 +730,6 @@ BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC procedure, LPARAM parame
 HWND WINAPI FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text);
 HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR text);
 HWND WINAPI GetDesktopWindow();
-DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD process);
 BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL WINAPI SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
 BOOL WINAPI GetWindowRect(HWND window, LPRECT rect);
@@ -929,7 +738,6 @@ BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
 BOOL WINAPI ScreenToClient(HWND window, LPPOINT point);
 int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD extendedStyle);
-HWND WINAPI WindowFromPoint(POINT point);
 HWND WINAPI ChildWindowFromPoint(HWND parent, POINT point);
 
 // Messages.
@@ -973,9 +781,6 @@ HBRUSH WINAPI GetSysColorBrush(int index);
 int WINAPI GetSystemMetrics(int index);
 
 // Rectangles.
-BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom);
-BOOL WINAPI SetRectEmpty(LPRECT rect);
-BOOL WINAPI CopyRect(LPRECT rect, const RECT* source);
 BOOL WINAPI InflateRect(LPRECT rect, int dx, int dy);
 BOOL WINAPI OffsetRect(LPRECT rect, int dx, int dy);
 BOOL WINAPI IntersectRect(LPRECT result, const RECT* a, const RECT* b);
@@ -1028,7 +833,6 @@ HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name);
 HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, int height,
                          UINT flags);
 BOOL WINAPI DestroyIcon(HICON icon);
-BOOL WINAPI DestroyCursor(HCURSOR cursor);
 HCURSOR WINAPI SetCursor(HCURSOR cursor);
 
 // Menus.
@@ -1047,8 +851,3 @@ HMENU WINAPI GetSubMenu(HMENU menu, int position);
 BOOL WINAPI DrawMenuBar(HWND window);
 
 }  // extern "C"
-
-#define CreateDialogW(module, name, owner, procedure) \
-    CreateDialogParamW(module, name, owner, procedure, 0)
-#define DialogBoxW(module, name, owner, procedure) \
-    DialogBoxParamW(module, name, owner, procedure, 0)

@@ -74,21 +74,6 @@ LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size) {
     return block;
 }
 
-BOOL WINAPI HeapFree(HANDLE heap, DWORD flags, LPVOID block) {
-    auto it = heaps.find(static_cast<Heap*>(heap));
-    if (it == heaps.end() || flags != 0) {
-        host::Unsupported("HeapFree on an unknown heap or with flags %#x", flags);
-    }
-    if (block == nullptr) {
-        return TRUE;
-    }
-    if (it->second->blocks.erase(block) == 0) {
-        host::Unsupported("HeapFree of a block that is not the heap's");
-    }
-    std::free(block);
-    return TRUE;
-}
-
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size) {
     if ((flags & ~UINT{GPTR}) != 0) {
         host::Unsupported("GlobalAlloc with flags %#x", flags);

@@ -250,10 +250,6 @@ std::span<const NumericField> NumericFields() {
     return kNumericFields;
 }
 
-std::span<const TextField> TextFields() {
-    return kTextFields;
-}
-
 const NumericField& NumericFieldOf(int control) {
     return *std::find_if(std::begin(kNumericFields), std::end(kNumericFields) - 1,
                          [&](const NumericField& field) { return field.Control == control; });

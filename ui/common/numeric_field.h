@@ -33,9 +33,8 @@ struct TextField {
     const WCHAR* Except;
 };
 
-/// Every numeric field and filtered text field of the driver's pages.
+/// Every numeric field of the driver's pages.
 std::span<const NumericField> NumericFields();
-std::span<const TextField> TextFields();
 
 /// The row of a control, which must have one.
 const NumericField& NumericFieldOf(int control);

@@ -43,9 +43,6 @@ LRESULT Control::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             EndPaint(window_, &paint);
             return 0;
         }
-        case WM_PRINTCLIENT:
-            PaintInto(reinterpret_cast<HDC>(wParam));
-            return 0;
         case WM_ERASEBKGND:  // painting covers all of the control
             return TRUE;
         case WM_SETFONT:

@@ -346,12 +346,6 @@ bool FrameBar::Handle(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* resul
             *result = DefWindowProcW(window_, message, wParam, lParam);
             Draw();
             return true;
-        case WM_PRINT:
-            *result = DefWindowProcW(window_, message, wParam, lParam);
-            if (IsShown() && (lParam & PRF_NONCLIENT) != 0) {
-                DrawInto(reinterpret_cast<HDC>(wParam));
-            }
-            return true;
         case WM_NCHITTEST: {
             POINT point = PointOf(lParam);
             ScreenToClient(window_, &point);

@@ -226,22 +226,6 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** 
     return static_cast<HBITMAP>(handle);
 }
 
-HBITMAP WINAPI CreateDIBitmap(HDC context, const BITMAPINFOHEADER* header, DWORD init,
-                              const void* bits, const BITMAPINFO* info, UINT usage) {
-    if (usage != DIB_RGB_COLORS) {
-        host::Unsupported("CreateDIBitmap with palette indices");
-    }
-    if ((init & CBM_INIT) == 0) {
-        return CreateCompatibleBitmap(context, header->biWidth, std::abs(header->biHeight));
-    }
-    const std::optional<host::Picture> picture =
-        host::PictureFromDib(info, bits, SIZE_MAX, SIZE_MAX);
-    if (!picture) {
-        return nullptr;
-    }
-    return static_cast<HBITMAP>(host::AddObject({host::BitmapFromPicture(*picture)}));
-}
-
 namespace host {
 namespace {
 

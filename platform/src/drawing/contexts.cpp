@@ -233,10 +233,6 @@ int WINAPI SetBkMode(HDC context, int mode) {
     return Exchange(context, &host::ContextState::backMode, mode, 0);
 }
 
-int WINAPI GetBkMode(HDC context) {
-    return Current(context, &host::ContextState::backMode, 0);
-}
-
 UINT WINAPI SetTextAlign(HDC context, UINT align) {
     if ((align & ~(UINT{TA_CENTER} | TA_BASELINE)) != 0) {
         host::Unsupported("SetTextAlign(%#x)", align);

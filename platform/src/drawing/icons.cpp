@@ -136,10 +136,6 @@ BOOL WINAPI DestroyIcon(HICON icon) {
     return host::icons.Find(icon) != nullptr ? TRUE : host::Fail(ERROR_INVALID_HANDLE);
 }
 
-BOOL WINAPI DestroyCursor(HCURSOR cursor) {
-    return DestroyIcon(cursor);
-}
-
 namespace host {
 
 void DropIcons() {

@@ -1,21 +1,6 @@
 // The arithmetic of rectangles.
 #include "surface.h"
 
-BOOL WINAPI SetRect(LPRECT rect, int left, int top, int right, int bottom) {
-    *rect = {left, top, right, bottom};
-    return TRUE;
-}
-
-BOOL WINAPI SetRectEmpty(LPRECT rect) {
-    *rect = {};
-    return TRUE;
-}
-
-BOOL WINAPI CopyRect(LPRECT rect, const RECT* source) {
-    *rect = *source;
-    return TRUE;
-}
-
 BOOL WINAPI InflateRect(LPRECT rect, int dx, int dy) {
     *rect = {rect->left - dx, rect->top - dy, rect->right + dx, rect->bottom + dy};
     return TRUE;

@@ -107,15 +107,6 @@ BOOL WINAPI UnregisterClassW(LPCWSTR name, HINSTANCE module) {
     return TRUE;
 }
 
-BOOL WINAPI GetClassInfoExW(HINSTANCE module, LPCWSTR name, WNDCLASSEXW* windowClass) {
-    const auto found = host::FindClass(module, name);
-    if (found == nullptr) {
-        return host::Fail(ERROR_CLASS_DOES_NOT_EXIST);
-    }
-    *windowClass = found->data;
-    return TRUE;
-}
-
 int WINAPI GetClassNameW(HWND window, LPWSTR name, int length) {
     const auto object = host::FindWindowObject(window);
     if (object == nullptr) {
@@ -128,22 +119,4 @@ int WINAPI GetClassNameW(HWND window, LPWSTR name, int length) {
     const size_t copied = full.copy(name, static_cast<size_t>(length) - 1);
     name[copied] = 0;
     return static_cast<int>(copied);
-}
-
-ULONG_PTR WINAPI GetClassLongPtrW(HWND window, int index) {
-    const auto object = host::FindWindowObject(window);
-    if (object == nullptr) {
-        return 0;
-    }
-    const WNDCLASSEXW& data = object->windowClass->data;
-    switch (index) {
-        case GCLP_HCURSOR:
-            return reinterpret_cast<ULONG_PTR>(data.hCursor);
-        case GCLP_HBRBACKGROUND:
-            return reinterpret_cast<ULONG_PTR>(data.hbrBackground);
-        case GCW_ATOM:
-            return object->windowClass->atom;
-        default:
-            host::Unsupported("GetClassLongPtrW %d", index);
-    }
 }

@@ -76,22 +76,6 @@ LRESULT SetText(Window& window, LPCWSTR text) {
     return TRUE;
 }
 
-LRESULT Print(Window& window, HDC context, LPARAM flags) {
-    if ((flags & PRF_CHECKVISIBLE) != 0 && !host::IsShown(window)) {
-        return 0;
-    }
-    if ((flags & PRF_NONCLIENT) != 0) {
-        host::DrawFrame(window, context);
-    }
-    if ((flags & PRF_ERASEBKGND) != 0) {
-        host::Send(window.handle, WM_ERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
-    }
-    if ((flags & PRF_CLIENT) != 0) {
-        host::Send(window.handle, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(context), flags);
-    }
-    return 0;
-}
-
 LRESULT PositionChanged(Window& window, const WINDOWPOS& place) {
     constexpr UINT kClientSameSize = 0x800;
     constexpr UINT kClientSamePlace = 0x1000;
@@ -218,8 +202,6 @@ LRESULT WINAPI DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM l
             return ControlColor(message, reinterpret_cast<HDC>(wParam));
         case WM_NOTIFYFORMAT:
             return lParam == NF_QUERY ? NFR_UNICODE : 0;
-        case WM_PRINT:
-            return Print(*window, reinterpret_cast<HDC>(wParam), lParam);
         case WM_SETREDRAW:
             return SetRedraw(*window, wParam != FALSE);
         case WM_SETICON:

@@ -169,10 +169,6 @@ HWND WINAPI GetActiveWindow() {
     return active;
 }
 
-HWND WINAPI GetForegroundWindow() {
-    return active;
-}
-
 HWND WINAPI SetActiveWindow(HWND handle) {
     const HWND before = active;
     const WindowPointer window = host::FindWindowObject(handle);
@@ -184,15 +180,6 @@ HWND WINAPI SetActiveWindow(HWND handle) {
     }
     host::Activate(handle);
     return before;
-}
-
-BOOL WINAPI SetForegroundWindow(HWND handle) {
-    const WindowPointer window = host::FindWindowObject(handle);
-    if (window == nullptr) {
-        return FALSE;
-    }
-    host::Activate(host::RootOf(*window).handle);
-    return TRUE;
 }
 
 HWND WINAPI GetCapture() {

@@ -54,13 +54,6 @@ bool HasText(HWND window, LPCWSTR text) {
     return host::SameText(own, text);
 }
 
-bool IsHit(const Window& window, POINT screen) {
-    const RECT rect = host::ScreenRectOf(window);
-    const LPARAM place = MAKELPARAM(screen.x, screen.y);
-    return (window.style & (WS_VISIBLE | WS_DISABLED)) == WS_VISIBLE && PtInRect(&rect, screen) &&
-           host::Send(window.handle, WM_NCHITTEST, 0, place) != HTTRANSPARENT;
-}
-
 }  // namespace
 
 namespace host {
@@ -119,26 +112,6 @@ HWND WINAPI GetParent(HWND handle) {
         return HandleOf(window->owner);
     }
     return (window->style & WS_CHILD) != 0 ? HandleOf(window->parent) : nullptr;
-}
-
-HWND WINAPI SetParent(HWND handle, HWND parentHandle) {
-    const WindowPointer window = host::FindWindowObject(handle);
-    const WindowPointer parent =
-        host::FindWindowObject(parentHandle == nullptr ? host::Desktop().handle : parentHandle);
-    if (window == nullptr || parent == nullptr) {
-        return nullptr;
-    }
-    if (parent == window || IsChild(handle, parentHandle)) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    const HWND before = HandleOf(window->parent);
-    const bool wasShown = ShowWindow(handle, SW_HIDE);
-    host::Link(*window, *parent, HWND_TOP);
-    if (wasShown) {
-        ShowWindow(handle, SW_SHOW);
-    }
-    return before;
 }
 
 HWND WINAPI GetAncestor(HWND handle, UINT which) {
@@ -253,42 +226,6 @@ HWND WINAPI FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR te
 
 HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR text) {
     return FindWindowExW(nullptr, nullptr, className, text);
-}
-
-DWORD WINAPI GetWindowThreadProcessId(HWND window, LPDWORD process) {
-    if (!host::IsLive(window)) {
-        return host::Fail(ERROR_INVALID_WINDOW_HANDLE), 0u;
-    }
-    if (process != nullptr) {
-        *process = GetCurrentProcessId();
-    }
-    return GetCurrentThreadId();
-}
-
-HWND WINAPI WindowFromPoint(POINT point) {
-    HWND found = GetDesktopWindow();
-    for (bool deeper = true; deeper;) {
-        deeper = false;
-        const WindowPointer window = host::FindWindowObject(found);
-        if (window == nullptr) {
-            return nullptr;
-        }
-        const POINT origin = host::ClientOriginOf(*window);
-        const RECT client = host::ClientRectOf(*window);
-        if (!PtInRect(&client, {point.x - origin.x, point.y - origin.y})) {
-            break;  // the frame is the window's own
-        }
-        for (HWND child : host::ChildrenOf(*window)) {
-            const WindowPointer object =
-                host::IsLive(child) ? host::FindWindowObject(child) : nullptr;
-            if (object != nullptr && IsHit(*object, point)) {
-                found = child;
-                deeper = true;
-                break;
-            }
-        }
-    }
-    return found;
 }
 
 HWND WINAPI ChildWindowFromPoint(HWND parent, POINT point) {

@@ -462,10 +462,6 @@ DWORD WINAPI GetCurrentThreadId() {
     return 0x104;
 }
 
-DWORD WINAPI GetCurrentProcessId() {
-    return 0x100;
-}
-
 int WINAPI MulDiv(int number, int numerator, int denominator) {
     if (denominator == 0) {
         return -1;
