@@ -112,8 +112,6 @@ TEST_F(LocalizeTest, ListBox) {
 }
 
 TEST_F(LocalizeTest, ListViewsFirstColumn) {
-    const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_LISTVIEW_CLASSES};
-    InitCommonControlsEx(&classes);
     HWND list = Control(WC_LISTVIEWW, TEXT("Ribbon"), LVS_REPORT, 100, 10, 10, 200, 100);
     const auto insertColumn = [&](int index, const WCHAR* text) {
         LVCOLUMNW column = {};

@@ -23,8 +23,7 @@ std::string Joined(std::initializer_list<std::string> notes) {
 class ComboBoxTest : public test::WindowTest {
   protected:
     void Make(DWORD style, std::initializer_list<const WCHAR*> items = {}, int height = 100) {
-        combo_ =
-            Control(TEXT("ComboBox"), TEXT("title"), style | WS_VSCROLL, 100, 10, 10, 120, height);
+        Control(TEXT("ComboBox"), TEXT("title"), style | WS_VSCROLL, 100, 10, 10, 120, height);
         for (const WCHAR* item : items) {
             SendText(CB_ADDSTRING, 0, item);
         }
@@ -34,12 +33,6 @@ class ComboBoxTest : public test::WindowTest {
     void MakeFruits(DWORD style) {
         Make(style,
              {TEXT("apple"), TEXT("Banana"), TEXT("blueberry"), TEXT("cherry"), TEXT("date")});
-    }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(combo_, message, wParam, lParam);
-    }
-    LRESULT SendText(UINT message, int index, const WCHAR* text) {
-        return Send(message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
     }
     // What the parent hears of a key, and of the list that a program drops.
     std::string Key(int key) {
@@ -59,7 +52,7 @@ class ComboBoxTest : public test::WindowTest {
     bool IsDropped() { return Send(CB_GETDROPPEDSTATE) != 0; }
     int Height() {
         RECT window = {};
-        GetWindowRect(combo_, &window);
+        GetWindowRect(control_, &window);
         return window.bottom - window.top;
     }
     HWND List() { return FindWindowW(TEXT("ComboLBox"), nullptr); }
@@ -68,13 +61,11 @@ class ComboBoxTest : public test::WindowTest {
         const LRESULT y = Send(CB_GETITEMHEIGHT) * item + 3;
         SendMessageW(List(), message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(5, y));
     }
-
-    HWND combo_ = nullptr;
 };
 
 TEST_F(ComboBoxTest, KeepsItemsAndTheirData) {
     Make(CBS_DROPDOWNLIST, {TEXT("Apple"), TEXT("banana")});
-    EXPECT_EQ(test::TextOf(combo_), "");
+    EXPECT_EQ(test::TextOf(control_), "");
     EXPECT_EQ(SendText(CB_ADDSTRING, 0, TEXT("pear")), 2);
     EXPECT_EQ(SendText(CB_INSERTSTRING, -1, TEXT("aaa")), 3);
     EXPECT_EQ(SendText(CB_INSERTSTRING, 9, TEXT("aaa")), CB_ERR);
@@ -135,13 +126,13 @@ TEST_F(ComboBoxTest, FindsAndSelectsTextsAndShowsTheSelectedOne) {
                   searches[i].expected)
             << i;
     }
-    EXPECT_EQ(test::TextOf(combo_), "blueberry");
-    EXPECT_EQ(GetWindowTextLengthW(combo_), 9);
+    EXPECT_EQ(test::TextOf(control_), "blueberry");
+    EXPECT_EQ(GetWindowTextLengthW(control_), 9);
     WCHAR text[4] = {};
-    GetWindowTextW(combo_, text, 4);
+    GetWindowTextW(control_, text, 4);
     EXPECT_EQ(test::Narrow(text), "blu");
     Send(CB_DELETESTRING, 2);
-    EXPECT_EQ(test::TextOf(combo_), "");
+    EXPECT_EQ(test::TextOf(control_), "");
     EXPECT_EQ(test::Told(), "");
 }
 
@@ -154,22 +145,22 @@ TEST_F(ComboBoxTest, IsAsHighAsItsFieldWhateverIsAskedFor) {
     HFONT font = CreateFontIndirectW(&description);
     for (const int height : {10, 24, 200}) {
         Make(CBS_DROPDOWNLIST, {}, height);
-        EXPECT_EQ(GetWindowLongW(combo_, GWL_STYLE) & WS_VSCROLL, 0);
+        EXPECT_EQ(GetWindowLongW(control_, GWL_STYLE) & WS_VSCROLL, 0);
         EXPECT_EQ(Height(), 24);
         Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
         EXPECT_EQ(Height(), 21);
-        SetWindowPos(combo_, nullptr, 0, 0, 150, 60, SWP_NOMOVE | SWP_NOZORDER);
+        SetWindowPos(control_, nullptr, 0, 0, 150, 60, SWP_NOMOVE | SWP_NOZORDER);
         EXPECT_EQ(Height(), 21);
         Send(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), 30);
         EXPECT_EQ(Height(), 36);
-        DestroyWindow(combo_);
+        DestroyWindow(control_);
     }
     DeleteObject(font);
 }
 
 TEST_F(ComboBoxTest, TellsOfKeysWhileTheListIsClosed) {
     MakeFruits(CBS_DROPDOWNLIST);
-    SetFocus(combo_);
+    SetFocus(control_);
     EXPECT_EQ(test::Told(), kFocused);
     constexpr struct {
         int key;
@@ -187,7 +178,7 @@ TEST_F(ComboBoxTest, TellsOfKeysWhileTheListIsClosed) {
     } kTexts[] = {{"b", 1, true},  {"b", 2, true},   {"B", 1, true},
                   {"z", 1, false}, {"\r", 1, false}, {" ", 1, false}};
     for (const auto& row : kTexts) {
-        test::Type(combo_, row.text);
+        test::Type(control_, row.text);
         EXPECT_EQ(test::Told(), row.changes ? Joined({kAccepted, kChanged}) : "") << row.text;
         EXPECT_EQ(Selected(), row.selection) << row.text;
     }
@@ -200,17 +191,17 @@ TEST_F(ComboBoxTest, TellsOfKeysWhileTheListIsClosed) {
 
 TEST_F(ComboBoxTest, DropsItsListForKeysAndTellsHowItCloses) {
     MakeFruits(CBS_DROPDOWNLIST);
-    SetFocus(combo_);
+    SetFocus(control_);
     Send(CB_SETCURSEL, 0);
     test::Told();
     EXPECT_EQ(Drop(), kDropped);
     EXPECT_TRUE(IsDropped());
     EXPECT_TRUE(IsWindowVisible(List()));
-    EXPECT_EQ(GetFocus(), combo_);
+    EXPECT_EQ(GetFocus(), control_);
     EXPECT_EQ(Drop(), "");
     EXPECT_EQ(Key(VK_DOWN), kChanged);
-    EXPECT_EQ(test::TextOf(combo_), "Banana");
-    const MSG escape = {combo_, WM_KEYDOWN, VK_ESCAPE, 1, 0, {0, 0}};
+    EXPECT_EQ(test::TextOf(control_), "Banana");
+    const MSG escape = {control_, WM_KEYDOWN, VK_ESCAPE, 1, 0, {0, 0}};
     EXPECT_EQ(Send(WM_GETDLGCODE, VK_ESCAPE, reinterpret_cast<LPARAM>(&escape)),
               DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTMESSAGE);
     EXPECT_EQ(Key(VK_RETURN), Joined({kAccepted, kClosed}));
@@ -229,9 +220,9 @@ TEST_F(ComboBoxTest, DropsItsListForKeysAndTellsHowItCloses) {
     SetFocus(parent_);
     EXPECT_EQ(test::Told(), Joined({kCancelled, kClosed, kUnfocused}));
     EXPECT_EQ(Selected(), 1);
-    SetFocus(combo_);
+    SetFocus(control_);
     Drop();
-    EnableWindow(combo_, FALSE);
+    EnableWindow(control_, FALSE);
     EXPECT_EQ(test::Told(), Joined({kCancelled, kClosed, kUnfocused}));
 }
 
@@ -242,7 +233,7 @@ TEST_F(ComboBoxTest, LetsTheMouseChooseFromTheDroppedList) {
     EXPECT_EQ(GetCapture(), List());
     RECT field = {};
     RECT list = {};
-    GetWindowRect(combo_, &field);
+    GetWindowRect(control_, &field);
     GetWindowRect(List(), &list);
     EXPECT_EQ(list.left, field.left);
     EXPECT_EQ(list.top, field.bottom);
@@ -252,7 +243,7 @@ TEST_F(ComboBoxTest, LetsTheMouseChooseFromTheDroppedList) {
     EXPECT_EQ(test::Told(), "");
     Mouse(WM_LBUTTONUP, 2);
     EXPECT_EQ(test::Told(), Joined({kAccepted, kClosed, kChanged}));
-    EXPECT_EQ(test::TextOf(combo_), "blueberry");
+    EXPECT_EQ(test::TextOf(control_), "blueberry");
     EXPECT_EQ(GetCapture(), nullptr);
     ClickField();
     EXPECT_EQ(ClickField(), Joined({kAccepted, kClosed}));
@@ -314,11 +305,11 @@ TEST_F(ComboBoxTest, HasItsParentDrawItems) {
     Send(CB_SETCURSEL, 1);
     itemNotes.clear();
     test::Told();
-    InvalidateRect(combo_, nullptr, TRUE);
+    InvalidateRect(control_, nullptr, TRUE);
     test::HandlePosted();
     EXPECT_EQ(ToldOnce(), "draw 100 1 1h 1000h");
     EXPECT_EQ(itemNotes, "6; ");
-    SetFocus(combo_);
+    SetFocus(control_);
     test::HandlePosted();
     EXPECT_EQ(ToldOnce(), kFocused + "; draw 100 1 1h 1011h");
     Drop();
@@ -328,16 +319,16 @@ TEST_F(ComboBoxTest, HasItsParentDrawItems) {
     test::HandlePosted();
     EXPECT_EQ(ToldOnce(), "draw 100 0 1h 0h; draw 100 1 1h 1h");
     Send(CB_SHOWDROPDOWN, FALSE);
-    EnableWindow(combo_, FALSE);
+    EnableWindow(control_, FALSE);
     test::Told();
-    InvalidateRect(combo_, nullptr, TRUE);
+    InvalidateRect(control_, nullptr, TRUE);
     test::HandlePosted();
     EXPECT_EQ(ToldOnce(), "draw 100 1 1h 1004h");
     itemNotes.clear();
     Send(CB_DELETESTRING, 0);
     Send(CB_RESETCONTENT);
     EXPECT_EQ(itemNotes, "delete 3 5; delete 3 6; ");
-    DestroyWindow(combo_);
+    DestroyWindow(control_);
     test::Told();
 }
 

@@ -13,22 +13,17 @@ const std::string kFull = "command 100 501h";
 class EditTest : public test::WindowTest {
   protected:
     void Make(const WCHAR* text, DWORD style = ES_AUTOHSCROLL) {
-        edit_ = Control(TEXT("Edit"), text, style);
-        SetFocus(edit_);
+        Control(TEXT("Edit"), text, style);
+        SetFocus(control_);
         test::Told();
-    }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(edit_, message, wParam, lParam);
     }
     // "text start-end"
     std::string State() {
         DWORD start = 0;
         DWORD end = 0;
         Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-        return test::TextOf(edit_) + " " + std::to_string(start) + "-" + std::to_string(end);
+        return test::TextOf(control_) + " " + std::to_string(start) + "-" + std::to_string(end);
     }
-
-    HWND edit_ = nullptr;
 };
 
 TEST_F(EditTest, KeysAndCharacters) {
@@ -54,13 +49,13 @@ TEST_F(EditTest, KeysAndCharacters) {
     Make(TEXT(""));
     for (size_t i = 0; i < std::size(steps); ++i) {
         const auto& step = steps[i];
-        SetWindowTextW(edit_, TEXT("abcde"));
+        SetWindowTextW(control_, TEXT("abcde"));
         Send(EM_SETSEL, static_cast<WPARAM>(step.start), step.end);
         EXPECT_EQ(test::Told(), kChanged);
         if (step.key != 0) {
-            test::Press(edit_, step.key);
+            test::Press(control_, step.key);
         }
-        test::Type(edit_, step.text);
+        test::Type(control_, step.text);
         EXPECT_EQ(State(), step.state) << i;
         EXPECT_EQ(test::Told(), step.changes ? kChanged : "") << i;
     }
@@ -72,15 +67,15 @@ TEST_F(EditTest, TheLimitIsForTheUserAlone) {
     Send(EM_LIMITTEXT, 4);
     EXPECT_EQ(Send(EM_GETLIMITTEXT), 4);
     EXPECT_EQ(State(), "abcdef 0-0");
-    test::Type(edit_, "x");
+    test::Type(control_, "x");
     EXPECT_EQ(State(), "abcdef 0-0");
     EXPECT_EQ(test::Told().substr(0, kFull.size()), kFull);
     Send(EM_SETSEL, 1, 5);
-    test::Type(edit_, "xyz");
+    test::Type(control_, "xyz");
     EXPECT_EQ(State(), "axyf 3-3");
     const std::string told = kChanged + "; " + kChanged + "; " + kFull;
     EXPECT_EQ(test::Told().substr(0, told.size()), told);
-    SetWindowTextW(edit_, TEXT("longer still"));
+    SetWindowTextW(control_, TEXT("longer still"));
     EXPECT_EQ(State(), "longer still 0-0");
     Send(EM_LIMITTEXT, 0);
     EXPECT_EQ(Send(EM_GETLIMITTEXT), 0x7FFFFFFE);
@@ -105,8 +100,8 @@ TEST_F(EditTest, TheProgramSelects) {
 
 TEST_F(EditTest, FocusAndReadOnly) {
     Make(TEXT("abcde"), ES_AUTOHSCROLL | ES_READONLY);
-    test::Type(edit_, "x\b");
-    test::Press(edit_, VK_DELETE);
+    test::Type(control_, "x\b");
+    test::Press(control_, VK_DELETE);
     EXPECT_EQ(State(), "abcde 0-0");
     EXPECT_EQ(test::Told(), "");
     SetFocus(parent_);

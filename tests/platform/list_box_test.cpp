@@ -10,7 +10,7 @@ constexpr const WCHAR* kFruits[] = {
 class ListBoxTest : public test::WindowTest {
   protected:
     void Make(DWORD style, bool filled = true, DWORD extendedStyle = 0) {
-        list_ = Control(TEXT("ListBox"), TEXT(""), style, 100, 10, 10, 120, 100, extendedStyle);
+        Control(TEXT("ListBox"), TEXT(""), style, 100, 10, 10, 120, 100, extendedStyle);
         for (const WCHAR* fruit : kFruits) {
             if (filled) {
                 Add(fruit);
@@ -18,12 +18,6 @@ class ListBoxTest : public test::WindowTest {
         }
         test::HandlePosted();
         test::Told();
-    }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(list_, message, wParam, lParam);
-    }
-    LRESULT SendText(UINT message, int index, const WCHAR* text) {
-        return Send(message, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text));
     }
     LRESULT Add(const WCHAR* text) { return SendText(LB_ADDSTRING, 0, text); }
     std::string Item(int index) {
@@ -43,8 +37,6 @@ class ListBoxTest : public test::WindowTest {
         const LRESULT y = Send(LB_GETITEMHEIGHT) * row + 3;
         Send(message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, MAKELPARAM(5, y));
     }
-
-    HWND list_ = nullptr;
 };
 
 TEST_F(ListBoxTest, KeepsItemsInOrderWithTheirData) {
@@ -95,24 +87,24 @@ TEST_F(ListBoxTest, TellsOfKeysAndClicksAndOfNothingTheProgramDoes) {
     for (const DWORD style : {DWORD{LBS_NOTIFY}, DWORD{0}}) {
         Make(style | WS_VSCROLL);
         const std::string changed = style != 0 ? "command 100 1h" : "";
-        SetFocus(list_);
+        SetFocus(control_);
         test::Told();
         for (const auto& row : kKeys) {
-            test::Press(list_, row.key);
+            test::Press(control_, row.key);
             EXPECT_EQ(test::Told(), changed) << row.key;
             EXPECT_EQ(Send(LB_GETCURSEL), row.selection) << row.key;
             EXPECT_EQ(Send(LB_GETTOPINDEX), row.top) << row.key;
         }
-        test::Type(list_, "b");
+        test::Type(control_, "b");
         EXPECT_EQ(test::Told(), changed);
         EXPECT_EQ(Send(LB_GETCURSEL), 1);
-        test::Type(list_, "z\x1b");
-        test::Press(list_, VK_RETURN);
+        test::Type(control_, "z\x1b");
+        test::Press(control_, VK_RETURN);
         Send(LB_SETCURSEL, 3);
         EXPECT_EQ(test::Told(), "");
         Send(LB_SETTOPINDEX, 0);
         Mouse(WM_LBUTTONDOWN, 1);
-        EXPECT_EQ(GetCapture(), list_);
+        EXPECT_EQ(GetCapture(), control_);
         Mouse(WM_MOUSEMOVE, 2);
         EXPECT_EQ(test::Told(), "");
         Mouse(WM_LBUTTONUP, 2);
@@ -123,13 +115,13 @@ TEST_F(ListBoxTest, TellsOfKeysAndClicksAndOfNothingTheProgramDoes) {
         EXPECT_EQ(test::Told(), style != 0 ? "command 100 2h" : "");
         Mouse(WM_LBUTTONUP, 3);
         test::Told();
-        DestroyWindow(list_);
+        DestroyWindow(control_);
     }
 }
 
 TEST_F(ListBoxTest, TellsOfTheFocus) {
     Make(LBS_NOTIFY);
-    SetFocus(list_);
+    SetFocus(control_);
     EXPECT_EQ(test::Told(), "command 100 4h");
     SetFocus(parent_);
     EXPECT_EQ(test::Told(), "command 100 5h");
@@ -153,19 +145,19 @@ TEST_F(ListBoxTest, ShowsWholeItemsAndABarWhereTheyDoNotFit) {
         Make(row.style, false, row.extendedStyle);
         RECT client = {};
         RECT window = {};
-        GetClientRect(list_, &client);
-        GetWindowRect(list_, &window);
+        GetClientRect(control_, &client);
+        GetWindowRect(control_, &window);
         EXPECT_EQ(window.bottom - window.top, row.height);
         EXPECT_EQ(client.right, row.width);
         for (const WCHAR* fruit : kFruits) {
             Add(fruit);
         }
         Send(LB_SETTOPINDEX, 2);
-        GetClientRect(list_, &client);
+        GetClientRect(control_, &client);
         EXPECT_EQ(client.right, row.narrowed);
         SCROLLINFO info = {sizeof(info), SIF_ALL, 0, 0, 0, 0, 0};
         if ((row.style & WS_VSCROLL) != 0) {
-            EXPECT_TRUE(GetScrollInfo(list_, SB_VERT, &info));
+            EXPECT_TRUE(GetScrollInfo(control_, SB_VERT, &info));
             EXPECT_EQ(info.nMax, 9);
             EXPECT_EQ(info.nPage, 6u);
             EXPECT_EQ(info.nPos, 2);
@@ -193,7 +185,7 @@ TEST_F(ListBoxTest, ScrollsByItsBar) {
     }
     // The arrow at the end of the bar in its frame.
     RECT window = {};
-    GetWindowRect(list_, &window);
+    GetWindowRect(control_, &window);
     Send(LB_SETTOPINDEX, 0);
     const LPARAM arrow = MAKELPARAM(window.right - 8, window.bottom - 8);
     EXPECT_EQ(Send(WM_NCHITTEST, 0, arrow), HTVSCROLL);

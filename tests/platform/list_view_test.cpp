@@ -7,18 +7,9 @@ namespace {
 
 class ListViewTest : public test::WindowTest {
   protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_LISTVIEW_CLASSES};
-        ASSERT_TRUE(InitCommonControlsEx(&classes));
-    }
-
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(list_, message, wParam, lParam);
-    }
     // With two columns.
     void Make() {
-        list_ = Control(WC_LISTVIEWW, TEXT(""), LVS_REPORT, 100, 10, 10, 200, 100);
+        Control(WC_LISTVIEWW, TEXT(""), LVS_REPORT, 100, 10, 10, 200, 100);
         for (int i = 0; i < 2; ++i) {
             LVCOLUMNW column = {};
             column.mask = LVCF_TEXT | LVCF_WIDTH;
@@ -53,8 +44,6 @@ class ListViewTest : public test::WindowTest {
         EXPECT_EQ(test::Narrow(text).size(), static_cast<size_t>(length));
         return test::Narrow(text);
     }
-
-    HWND list_ = nullptr;
 };
 
 TEST_F(ListViewTest, ItemsKeepTheirTexts) {

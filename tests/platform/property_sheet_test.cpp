@@ -32,15 +32,15 @@ struct TestPage {
 TestPage pages[4];
 HWND sheet;
 
-LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+LRESULT SendSheet(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return SendMessageW(sheet, message, wParam, lParam);
 }
 int SelectedTab() {
     return static_cast<int>(
-        SendMessageW(reinterpret_cast<HWND>(Send(PSM_GETTABCONTROL)), TCM_GETCURSEL, 0, 0));
+        SendMessageW(reinterpret_cast<HWND>(SendSheet(PSM_GETTABCONTROL)), TCM_GETCURSEL, 0, 0));
 }
 bool IsShown(const TestPage& page) {
-    return reinterpret_cast<HWND>(Send(PSM_GETCURRENTPAGEHWND)) == page.window &&
+    return reinterpret_cast<HWND>(SendSheet(PSM_GETCURRENTPAGEHWND)) == page.window &&
            IsWindowVisible(page.window) && SelectedTab() == &page - pages;
 }
 
@@ -129,8 +129,6 @@ class PropertySheetTest : public test::WindowTest {
   protected:
     void SetUp() override {
         WindowTest::SetUp();
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TAB_CLASSES};
-        ASSERT_TRUE(InitCommonControlsEx(&classes));
         for (int i = 0; i < 4; ++i) {
             const std::string name(1, static_cast<char>('A' + i));
             pages[i] = {.name = name};
@@ -183,7 +181,7 @@ TEST_F(PropertySheetTest, AWholeLifeInOrder) {
         EXPECT_EQ(test::TextOf(sheet), "Caption");
         EXPECT_EQ(test::TextOf(pages[0].window), "Page A");
         EXPECT_EQ(GetFocus(), GetDlgItem(pages[0].window, 1000));
-        EXPECT_TRUE(Send(PSM_SETCURSEL, 2));
+        EXPECT_TRUE(SendSheet(PSM_SETCURSEL, 2));
         EXPECT_EQ(Said(), "A kill; C create; C init; C set");
         EXPECT_TRUE(IsShown(pages[2]));
         EXPECT_FALSE(IsWindowVisible(pages[0].window));
@@ -230,29 +228,29 @@ TEST_F(PropertySheetTest, EachWayOutHasItsNotificationsAndResult) {
 
 TEST_F(PropertySheetTest, APageMayRefuse) {
     test::RunInLoop([] {
-        const auto tabs = reinterpret_cast<HWND>(Send(PSM_GETTABCONTROL));
-        Send(PSM_SETCURSEL, 1);
+        const auto tabs = reinterpret_cast<HWND>(SendSheet(PSM_GETTABCONTROL));
+        SendSheet(PSM_SETCURSEL, 1);
         Said();
         pages[1].onKill = TRUE;
-        EXPECT_FALSE(Send(PSM_SETCURSEL, 0));
+        EXPECT_FALSE(SendSheet(PSM_SETCURSEL, 0));
         EXPECT_TRUE(IsShown(pages[1]));
-        EXPECT_FALSE(Send(PSM_APPLY));
-        Send(WM_COMMAND, IDOK);
+        EXPECT_FALSE(SendSheet(PSM_APPLY));
+        SendSheet(WM_COMMAND, IDOK);
         EXPECT_EQ(Said(), "B kill; B kill; B kill");
         pages[1].onKill = FALSE;
 
         pages[0].onApply = PSNRET_INVALID_NOCHANGEPAGE;
-        Send(WM_COMMAND, IDOK);
+        SendSheet(WM_COMMAND, IDOK);
         EXPECT_EQ(Said(), "B kill; A apply all");
         EXPECT_TRUE(IsShown(pages[1]));
         pages[0].onApply = PSNRET_INVALID;
-        Send(WM_COMMAND, IDOK);
+        SendSheet(WM_COMMAND, IDOK);
         EXPECT_EQ(Said(), "B kill; A apply all");
         EXPECT_TRUE(IsShown(pages[0]));
         pages[0].onApply = PSNRET_NOERROR;
 
         pages[0].onQuery = TRUE;
-        Send(WM_COMMAND, IDCANCEL);
+        SendSheet(WM_COMMAND, IDCANCEL);
         EXPECT_EQ(Said(), "A query");
         pages[0].onQuery = FALSE;
 
@@ -270,10 +268,10 @@ TEST_F(PropertySheetTest, ApplyFollowsTheChangesAndKeepsTheSheetOpen) {
     test::RunInLoop([] {
         const HWND apply = GetDlgItem(sheet, kApplyNow);
         const auto change = [&](UINT message, int page) {
-            Send(message, reinterpret_cast<WPARAM>(pages[page].window));
+            SendSheet(message, reinterpret_cast<WPARAM>(pages[page].window));
             return IsWindowEnabled(apply) != FALSE;
         };
-        Send(PSM_SETCURSEL, 1);
+        SendSheet(PSM_SETCURSEL, 1);
         EXPECT_FALSE(IsWindowEnabled(apply));
         EXPECT_TRUE(change(PSM_CHANGED, 0));
         EXPECT_TRUE(change(PSM_CHANGED, 1));
@@ -289,7 +287,7 @@ TEST_F(PropertySheetTest, ApplyFollowsTheChangesAndKeepsTheSheetOpen) {
         SendMessageW(apply, BM_CLICK, 0, 0);
         EXPECT_EQ(Said(), "B kill; A apply; B apply; B set");
         EXPECT_FALSE(IsWindowEnabled(apply));
-        EXPECT_TRUE(Send(PSM_APPLY));
+        EXPECT_TRUE(SendSheet(PSM_APPLY));
         EXPECT_EQ(Said(), "B kill; A apply; B apply; B set");
     });
     Press(PSBTN_OK);
@@ -298,41 +296,42 @@ TEST_F(PropertySheetTest, ApplyFollowsTheChangesAndKeepsTheSheetOpen) {
 
 TEST_F(PropertySheetTest, WhatASheetCanBeAsked) {
     test::RunInLoop([&] {
-        Send(PSM_SETCURSEL, 1);
-        EXPECT_EQ(Send(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(pages[1].window)), 1);
-        EXPECT_EQ(Send(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(sheet)), -1);
-        EXPECT_EQ(reinterpret_cast<HWND>(Send(PSM_INDEXTOHWND, 0)), pages[0].window);
-        EXPECT_EQ(Send(PSM_INDEXTOHWND, 2), 0) << "not made yet";
-        EXPECT_EQ(Send(PSM_INDEXTOHWND, 9), 0);
+        SendSheet(PSM_SETCURSEL, 1);
+        EXPECT_EQ(SendSheet(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(pages[1].window)), 1);
+        EXPECT_EQ(SendSheet(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(sheet)), -1);
+        EXPECT_EQ(reinterpret_cast<HWND>(SendSheet(PSM_INDEXTOHWND, 0)), pages[0].window);
+        EXPECT_EQ(SendSheet(PSM_INDEXTOHWND, 2), 0) << "not made yet";
+        EXPECT_EQ(SendSheet(PSM_INDEXTOHWND, 9), 0);
         Said();
-        EXPECT_EQ(Send(PSM_QUERYSIBLINGS, 7, 8), 15);
+        EXPECT_EQ(SendSheet(PSM_QUERYSIBLINGS, 7, 8), 15);
         EXPECT_EQ(Said(), "A asked; B asked");
-        EXPECT_TRUE(Send(PSM_SETCURSEL, static_cast<WPARAM>(-1), Send(PSM_INDEXTOPAGE, 2)));
+        EXPECT_TRUE(
+            SendSheet(PSM_SETCURSEL, static_cast<WPARAM>(-1), SendSheet(PSM_INDEXTOPAGE, 2)));
         EXPECT_TRUE(IsShown(pages[2]));
         EXPECT_EQ(Said(), "B kill; C init; C set");
 
-        Send(PSM_REMOVEPAGE, 2);
+        SendSheet(PSM_REMOVEPAGE, 2);
         EXPECT_EQ(Said(), "B set; C destroy");
         EXPECT_TRUE(IsShown(pages[1]));
         const PROPSHEETPAGEW page = Page(3, PSP_USETITLE);
         EXPECT_TRUE(
-            Send(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(CreatePropertySheetPageW(&page))));
+            SendSheet(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(CreatePropertySheetPageW(&page))));
         WCHAR text[32] = {};
         TCITEMW item = {};
         item.mask = TCIF_TEXT;
         item.pszText = text;
         item.cchTextMax = 32;
-        SendMessageW(reinterpret_cast<HWND>(Send(PSM_GETTABCONTROL)), TCM_GETITEMW, 2,
+        SendMessageW(reinterpret_cast<HWND>(SendSheet(PSM_GETTABCONTROL)), TCM_GETITEMW, 2,
                      reinterpret_cast<LPARAM>(&item));
         EXPECT_EQ(test::Narrow(text), "Given");
 
-        Send(PSM_SETTITLEW, 0, reinterpret_cast<LPARAM>(TEXT("Other")));
+        SendSheet(PSM_SETTITLEW, 0, reinterpret_cast<LPARAM>(TEXT("Other")));
         EXPECT_EQ(test::TextOf(sheet), "Other");
-        Send(PSM_CANCELTOCLOSE);
+        SendSheet(PSM_CANCELTOCLOSE);
         EXPECT_EQ(test::TextOf(GetDlgItem(sheet, IDOK)), "Close");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet, IDCANCEL)));
-        Send(PSM_RESTARTWINDOWS);
-        EXPECT_EQ(Send(PSM_GETRESULT), ID_PSRESTARTWINDOWS);
+        SendSheet(PSM_RESTARTWINDOWS);
+        EXPECT_EQ(SendSheet(PSM_GETRESULT), ID_PSRESTARTWINDOWS);
     });
     Press(PSBTN_OK);
     EXPECT_EQ(Open(3), ID_PSRESTARTWINDOWS);
@@ -381,7 +380,7 @@ TEST_F(PropertySheetTest, TheButtonsThatAreThere) {
             EXPECT_GE(rect.bottom, largest.bottom);
             Said();
             if (oneCase.help) {
-                Send(PSM_PRESSBUTTON, PSBTN_HELP);
+                SendSheet(PSM_PRESSBUTTON, PSBTN_HELP);
                 EXPECT_EQ(Said(), "A help");
             }
         });

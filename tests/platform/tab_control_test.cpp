@@ -7,21 +7,12 @@ namespace {
 
 class TabControlTest : public test::WindowTest {
   protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_TAB_CLASSES};
-        ASSERT_TRUE(InitCommonControlsEx(&classes));
-    }
-
     void Make(DWORD style, int width, std::initializer_list<const char*> titles) {
-        tabs_ = Control(WC_TABCONTROLW, TEXT(""), style, 100, 10, 10, width, 150);
+        Control(WC_TABCONTROLW, TEXT(""), style, 100, 10, 10, width, 150);
         Send(WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)));
         for (const char* title : titles) {
             Insert(Send(TCM_GETITEMCOUNT), title);
         }
-    }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(tabs_, message, wParam, lParam);
     }
     LRESULT Insert(LRESULT at, const char* title) {
         test::WideString text = test::Wide(title);
@@ -42,8 +33,6 @@ class TabControlTest : public test::WindowTest {
         Send(WM_LBUTTONUP, 0, MAKELPARAM(x, y));
     }
     void Click(int index) { Click(RectOf(index).left + 5, RectOf(index).top + 5); }
-
-    HWND tabs_ = nullptr;
 };
 
 TEST_F(TabControlTest, ItemsKeepTheirTextAndParameter) {
@@ -103,7 +92,7 @@ TEST_F(TabControlTest, ClicksAndArrowKeysTellBeforeAndAfter) {
     EXPECT_EQ(Send(TCM_GETCURSEL), 1);
     Click(1);
     EXPECT_EQ(test::Told(), "notify 100 -2");
-    EXPECT_EQ(GetFocus(), tabs_);
+    EXPECT_EQ(GetFocus(), control_);
     Click(100, 100);
     EXPECT_EQ(test::Told(), "notify 100 -2");
     const struct {
@@ -112,7 +101,7 @@ TEST_F(TabControlTest, ClicksAndArrowKeysTellBeforeAndAfter) {
     } keys[] = {{VK_RIGHT, 2}, {VK_RIGHT, 2}, {VK_LEFT, 1}, {VK_LEFT, 0}, {VK_LEFT, 0}};
     LRESULT before = 1;
     for (const auto& [key, selected] : keys) {
-        test::Press(tabs_, key);
+        test::Press(control_, key);
         EXPECT_EQ(test::Told(), "notify 100 -550" + (selected == before ? "" : "; " + changed));
         EXPECT_EQ(Send(TCM_GETCURSEL), selected);
         before = selected;
@@ -178,7 +167,7 @@ TEST_F(TabControlTest, TheRowOfTheSelectedTabIsTheLowest) {
         EXPECT_EQ(RectOf(7).right, 298);
         EXPECT_EQ(RectOf(0).left, 2);
     }
-    MoveWindow(tabs_, 10, 10, 600, 150, TRUE);
+    MoveWindow(control_, 10, 10, 600, 150, TRUE);
     EXPECT_LT(Send(TCM_GETROWCOUNT), rows);
 }
 

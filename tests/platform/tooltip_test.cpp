@@ -9,13 +9,11 @@ class TooltipTest : public test::WindowTest {
   protected:
     void SetUp() override {
         WindowTest::SetUp();
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_WIN95_CLASSES};
-        ASSERT_TRUE(InitCommonControlsEx(&classes));
         bar_ = Control(TRACKBAR_CLASSW, TEXT(""), 0, 100, 10, 10, 100, 30);
-        tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, CW_USEDEFAULT,
-                               CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, parent_, nullptr,
-                               GetModuleHandleW(nullptr), nullptr);
-        ASSERT_NE(tip_, nullptr);
+        control_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
+                                   CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                   parent_, nullptr, GetModuleHandleW(nullptr), nullptr);
+        ASSERT_NE(control_, nullptr);
         test::Told();
     }
 
@@ -28,9 +26,7 @@ class TooltipTest : public test::WindowTest {
         tool.lpszText = const_cast<WCHAR*>(text);
         return tool;
     }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(tip_, message, wParam, lParam);
-    }
+    using WindowTest::Send;
     LRESULT Send(UINT message, const TOOLINFOW& tool, WPARAM wParam = 0) {
         return Send(message, wParam, reinterpret_cast<LPARAM>(&tool));
     }
@@ -41,7 +37,6 @@ class TooltipTest : public test::WindowTest {
     }
 
     HWND bar_ = nullptr;
-    HWND tip_ = nullptr;
 };
 
 TEST_F(TooltipTest, ToolsAreFoundByTheirWindowAndIdentifier) {
@@ -49,12 +44,12 @@ TEST_F(TooltipTest, ToolsAreFoundByTheirWindowAndIdentifier) {
     EXPECT_TRUE(Send(TTM_ADDTOOLW, Tool(parent_, TEXT("Of the whole"))));
     EXPECT_EQ(Send(TTM_GETTOOLCOUNT), 2);
     EXPECT_EQ(TextOf(bar_) + ", " + TextOf(parent_), "Of the bar, Of the whole");
-    EXPECT_EQ(TextOf(tip_), "");
+    EXPECT_EQ(TextOf(control_), "");
     TOOLINFOW found = Tool(bar_, nullptr);
     found.uFlags = 0;
     EXPECT_TRUE(Send(TTM_GETTOOLINFOW, found));
     EXPECT_EQ(found.uFlags, UINT{TTF_IDISHWND | TTF_SUBCLASS});
-    EXPECT_FALSE(Send(TTM_GETTOOLINFOW, Tool(tip_, nullptr)));
+    EXPECT_FALSE(Send(TTM_GETTOOLINFOW, Tool(control_, nullptr)));
     EXPECT_EQ(Send(TTM_GETMAXTIPWIDTH), -1);
     EXPECT_EQ(Send(TTM_SETMAXTIPWIDTH, 0, 150), -1);
     EXPECT_EQ(Send(TTM_GETMAXTIPWIDTH), 150);

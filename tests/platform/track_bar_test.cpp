@@ -7,24 +7,15 @@ namespace {
 
 class TrackBarTest : public test::WindowTest {
   protected:
-    void SetUp() override {
-        WindowTest::SetUp();
-        const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_BAR_CLASSES};
-        ASSERT_TRUE(InitCommonControlsEx(&classes));
-    }
-
     // A track bar from 10 to 60, standing at `position`.
     void Make(DWORD style, int position) {
         const bool isVertical = (style & TBS_VERT) != 0;
-        bar_ = Control(TRACKBAR_CLASSW, TEXT(""), style, 100, 10, 10, isVertical ? 30 : 200,
-                       isVertical ? 200 : 30);
+        Control(TRACKBAR_CLASSW, TEXT(""), style, 100, 10, 10, isVertical ? 30 : 200,
+                isVertical ? 200 : 30);
         Send(TBM_SETRANGE, TRUE, MAKELPARAM(10, 60));
         Send(TBM_SETPOS, TRUE, position);
         test::HandlePosted();
         test::Told();
-    }
-    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(bar_, message, wParam, lParam);
     }
     int Position() { return static_cast<int>(Send(TBM_GETPOS)); }
     RECT Thumb() {
@@ -32,8 +23,6 @@ class TrackBarTest : public test::WindowTest {
         Send(TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
         return thumb;
     }
-
-    HWND bar_ = nullptr;
 };
 
 // What was told but for painting; what is said twice in a row counts once.
@@ -54,7 +43,7 @@ std::string ToldOnce() {
 }
 
 TEST_F(TrackBarTest, KeepsARangeAPositionWithinItAndTheSizesOfItsSteps) {
-    bar_ = Control(TRACKBAR_CLASSW, TEXT(""), TBS_AUTOTICKS, 100, 10, 10, 200, 30);
+    Control(TRACKBAR_CLASSW, TEXT(""), TBS_AUTOTICKS, 100, 10, 10, 200, 30);
     const struct {
         UINT message;
         WPARAM wParam;
@@ -119,7 +108,7 @@ TEST_F(TrackBarTest, KeysMoveItAndTellThatOnlyWhereItCanMove) {
         Make(direction == 'h' ? TBS_HORZ : TBS_VERT, 30);
         for (const auto& test : cases) {
             Send(TBM_SETPOS, TRUE, test.from);
-            test::Press(bar_, test.key);
+            test::Press(control_, test.key);
             std::string expected = test.told;
             for (size_t at = 0; (at = expected.find("scroll", at)) != std::string::npos; at += 7) {
                 expected.insert(at, 1, direction);
@@ -127,7 +116,7 @@ TEST_F(TrackBarTest, KeysMoveItAndTellThatOnlyWhereItCanMove) {
             EXPECT_EQ(test::Told(), expected) << test.from << " key " << test.key;
             EXPECT_EQ(Position(), test.to) << test.from << " key " << test.key;
         }
-        DestroyWindow(bar_);
+        DestroyWindow(control_);
     }
 }
 
@@ -138,8 +127,8 @@ TEST_F(TrackBarTest, AClickBesideTheThumbMovesItByAPage) {
     Send(WM_LBUTTONDOWN, MK_LBUTTON, right);
     EXPECT_EQ(ToldOnce(), "hscroll 3 0");
     EXPECT_EQ(Position(), 40);
-    EXPECT_EQ(GetFocus(), bar_);
-    EXPECT_EQ(GetCapture(), bar_);
+    EXPECT_EQ(GetFocus(), control_);
+    EXPECT_EQ(GetCapture(), control_);
     Send(WM_LBUTTONUP, 0, right);
     EXPECT_EQ(ToldOnce(), "hscroll 8 0; notify 100 -16");
     EXPECT_EQ(GetCapture(), nullptr);

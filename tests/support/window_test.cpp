@@ -1,6 +1,8 @@
 // One implementation for both platforms: it is made of the platform's own calls.
 #include "window_test.h"
 
+#include <commctrl.h>
+
 #include <deque>
 
 namespace test {
@@ -53,6 +55,8 @@ std::string Hex(unsigned number) {
 
 void WindowTest::SetUp() {
     PlatformTest::SetUp();
+    const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_WIN95_CLASSES};
+    ASSERT_TRUE(InitCommonControlsEx(&classes));
     RegisterOnce(TEXT("KpdTestParent"), ParentProcedure, COLOR_BTNFACE);
     parent_ = CreateWindowExW(0, TEXT("KpdTestParent"), TEXT("Parent"), WS_POPUP | WS_VISIBLE, 50,
                               50, 400, 300, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
@@ -76,7 +80,15 @@ HWND WindowTest::Control(const WCHAR* className, const WCHAR* text, DWORD style,
     EXPECT_NE(control, nullptr);
     HandlePosted();
     Told();
-    return control;
+    return control_ = control;
+}
+
+LRESULT WindowTest::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return SendMessageW(control_, message, wParam, lParam);
+}
+
+LRESULT WindowTest::SendText(UINT message, int wParam, const WCHAR* text) const {
+    return Send(message, static_cast<WPARAM>(wParam), reinterpret_cast<LPARAM>(text));
 }
 
 std::string Told() {

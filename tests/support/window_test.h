@@ -17,7 +17,12 @@ class WindowTest : public PlatformTest {
     HWND Control(const WCHAR* className, const WCHAR* text, DWORD style, int id = 100, int x = 10,
                  int y = 10, int width = 120, int height = 24, DWORD extendedStyle = 0);
 
+    /// To control_.
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    LRESULT SendText(UINT message, int wParam, const WCHAR* text) const;
+
     HWND parent_ = nullptr;
+    HWND control_ = nullptr;  ///< the last that was made
 };
 
 /// What parent_ (or any window that calls Note) was told since the last call, one entry a message,
