@@ -167,21 +167,22 @@ class SheetScriptTest : public DriverTest {
         const kpdtool::SheetPage pages[] = {{"First", IDD_SCRIPT_PAGE, {}},
                                             {"Second", IDD_SCRIPT_SECOND, {}}};
         const OwnedContext context(CreateDriverContext(NewPrinter(TEXT("Mirv KP-41")), nullptr));
-        PROPSHEETPAGEW records[2] = {};
-        for (size_t i = 0; i < 2; ++i) {
-            records[i].dwSize = sizeof(records[i]);
-            records[i].hInstance = GetModuleHandleW(nullptr);
-            records[i].pszTemplate = MAKEINTRESOURCEW(pages[i].dialog);
-            records[i].pfnDlgProc = PageProcedure;
-            records[i].lParam = reinterpret_cast<LPARAM>(context.get());
+        HPROPSHEETPAGE handles[std::size(pages)];
+        for (size_t i = 0; i < std::size(pages); ++i) {
+            PROPSHEETPAGEW record = {};
+            record.dwSize = sizeof(record);
+            record.hInstance = GetModuleHandleW(nullptr);
+            record.pszTemplate = MAKEINTRESOURCEW(pages[i].dialog);
+            record.pfnDlgProc = PageProcedure;
+            record.lParam = reinterpret_cast<LPARAM>(context.get());
+            handles[i] = CreatePropertySheetPageW(&record);
         }
         PROPSHEETHEADERW header = {};
         header.dwSize = sizeof(header);
-        header.dwFlags = PSH_PROPSHEETPAGE;
         header.hInstance = GetModuleHandleW(nullptr);
         header.pszCaption = TEXT("Script");
-        header.nPages = 2;
-        header.ppsp = records;
+        header.nPages = std::size(handles);
+        header.phpage = handles;
 
         own.clear();
         const auto script = kpdtool::ParseScript("a.sheet", lines);

@@ -1,5 +1,5 @@
 // Property sheets: what the pages are told and in which order, how the sheet is closed and with
-// which result, and what pages and programs ask of it.
+// which result.
 #include "sheet_pages.h"
 
 #include <commctrl.h>
@@ -69,7 +69,7 @@ LRESULT Answer(const TestPage& page, const PSHNOTIFY& notification) {
     return 0;
 }
 
-INT_PTR CALLBACK PageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+INT_PTR CALLBACK PageProcedure(HWND window, UINT message, WPARAM, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         const auto& given = *reinterpret_cast<PROPSHEETPAGEW*>(lParam);
         auto* page = reinterpret_cast<TestPage*>(given.lParam);
@@ -91,10 +91,6 @@ INT_PTR CALLBACK PageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
     switch (message) {
         case WM_NOTIFY:
             answer = Answer(*page, *reinterpret_cast<PSHNOTIFY*>(lParam));
-            break;
-        case PSM_QUERYSIBLINGS:
-            Say(page->name + " asked");
-            answer = page->name == "B" ? static_cast<LRESULT>(wParam) + lParam : 0;
             break;
         case WM_DESTROY:
             Say(page->name + " destroy");
@@ -234,7 +230,7 @@ TEST_F(PropertySheetTest, APageMayRefuse) {
         pages[1].onKill = TRUE;
         EXPECT_FALSE(SendSheet(PSM_SETCURSEL, 0));
         EXPECT_TRUE(IsShown(pages[1]));
-        EXPECT_FALSE(SendSheet(PSM_APPLY));
+        SendSheet(PSM_PRESSBUTTON, PSBTN_APPLYNOW);
         SendSheet(WM_COMMAND, IDOK);
         EXPECT_EQ(Said(), "B kill; B kill; B kill");
         pages[1].onKill = FALSE;
@@ -287,54 +283,11 @@ TEST_F(PropertySheetTest, ApplyFollowsTheChangesAndKeepsTheSheetOpen) {
         SendMessageW(apply, BM_CLICK, 0, 0);
         EXPECT_EQ(Said(), "B kill; A apply; B apply; B set");
         EXPECT_FALSE(IsWindowEnabled(apply));
-        EXPECT_TRUE(SendSheet(PSM_APPLY));
+        SendSheet(PSM_PRESSBUTTON, PSBTN_APPLYNOW);
         EXPECT_EQ(Said(), "B kill; A apply; B apply; B set");
     });
     Press(PSBTN_OK);
     EXPECT_EQ(Open(2), 1);
-}
-
-TEST_F(PropertySheetTest, WhatASheetCanBeAsked) {
-    test::RunInLoop([&] {
-        SendSheet(PSM_SETCURSEL, 1);
-        EXPECT_EQ(SendSheet(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(pages[1].window)), 1);
-        EXPECT_EQ(SendSheet(PSM_HWNDTOINDEX, reinterpret_cast<WPARAM>(sheet)), -1);
-        EXPECT_EQ(reinterpret_cast<HWND>(SendSheet(PSM_INDEXTOHWND, 0)), pages[0].window);
-        EXPECT_EQ(SendSheet(PSM_INDEXTOHWND, 2), 0) << "not made yet";
-        EXPECT_EQ(SendSheet(PSM_INDEXTOHWND, 9), 0);
-        Said();
-        EXPECT_EQ(SendSheet(PSM_QUERYSIBLINGS, 7, 8), 15);
-        EXPECT_EQ(Said(), "A asked; B asked");
-        EXPECT_TRUE(
-            SendSheet(PSM_SETCURSEL, static_cast<WPARAM>(-1), SendSheet(PSM_INDEXTOPAGE, 2)));
-        EXPECT_TRUE(IsShown(pages[2]));
-        EXPECT_EQ(Said(), "B kill; C init; C set");
-
-        SendSheet(PSM_REMOVEPAGE, 2);
-        EXPECT_EQ(Said(), "B set; C destroy");
-        EXPECT_TRUE(IsShown(pages[1]));
-        const PROPSHEETPAGEW page = Page(3, PSP_USETITLE);
-        EXPECT_TRUE(
-            SendSheet(PSM_ADDPAGE, 0, reinterpret_cast<LPARAM>(CreatePropertySheetPageW(&page))));
-        WCHAR text[32] = {};
-        TCITEMW item = {};
-        item.mask = TCIF_TEXT;
-        item.pszText = text;
-        item.cchTextMax = 32;
-        SendMessageW(reinterpret_cast<HWND>(SendSheet(PSM_GETTABCONTROL)), TCM_GETITEMW, 2,
-                     reinterpret_cast<LPARAM>(&item));
-        EXPECT_EQ(test::Narrow(text), "Given");
-
-        SendSheet(PSM_SETTITLEW, 0, reinterpret_cast<LPARAM>(TEXT("Other")));
-        EXPECT_EQ(test::TextOf(sheet), "Other");
-        SendSheet(PSM_CANCELTOCLOSE);
-        EXPECT_EQ(test::TextOf(GetDlgItem(sheet, IDOK)), "Close");
-        EXPECT_FALSE(IsWindowEnabled(GetDlgItem(sheet, IDCANCEL)));
-        SendSheet(PSM_RESTARTWINDOWS);
-        EXPECT_EQ(SendSheet(PSM_GETRESULT), ID_PSRESTARTWINDOWS);
-    });
-    Press(PSBTN_OK);
-    EXPECT_EQ(Open(3), ID_PSRESTARTWINDOWS);
 }
 
 TEST_F(PropertySheetTest, TheButtonsThatAreThere) {
@@ -399,16 +352,19 @@ TEST_F(PropertySheetTest, PagesWithoutASheet) {
     EXPECT_EQ(CreatePropertySheetPageW(&page), nullptr);
 }
 
-TEST_F(PropertySheetTest, PagesFromRecordsAndOneWithoutATemplate) {
-    PROPSHEETPAGEW records[] = {Page(0, 0), Page(1, 0)};
-    records[0].dwFlags &= ~DWORD{PSP_DLGINDIRECT};
-    records[0].pszTemplate = MAKEINTRESOURCEW(7777);
+TEST_F(PropertySheetTest, APageWithoutATemplateIsLeftOut) {
+    PROPSHEETPAGEW first = Page(0, 0);
+    first.dwFlags &= ~DWORD{PSP_DLGINDIRECT};
+    first.pszTemplate = MAKEINTRESOURCEW(7777);
+    const PROPSHEETPAGEW second = Page(1, 0);
+    HPROPSHEETPAGE handles[] = {CreatePropertySheetPageW(&first),
+                                CreatePropertySheetPageW(&second)};
     PROPSHEETHEADERW header = {};
     header.dwSize = sizeof(header);
-    header.dwFlags = PSH_PROPSHEETPAGE | PSH_USECALLBACK | PSH_PROPTITLE | PSH_NOCONTEXTHELP;
+    header.dwFlags = PSH_USECALLBACK | PSH_PROPTITLE | PSH_NOCONTEXTHELP;
     header.pszCaption = TEXT("Caption");
     header.nPages = 2;
-    header.ppsp = records;
+    header.phpage = handles;
     header.pfnCallback = SheetCallback;
     test::RunInLoop([] {
         EXPECT_EQ(Said(), "before; made; B init; B set");

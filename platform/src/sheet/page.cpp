@@ -9,8 +9,8 @@ namespace {
 
 std::set<HPROPSHEETPAGE> pages;  // that belong to no sheet yet
 
-constexpr DWORD kKnownFlags = PSP_DLGINDIRECT | PSP_USEHICON | PSP_USEICONID | PSP_USETITLE |
-                              PSP_HASHELP | PSP_USEREFPARENT | PSP_USECALLBACK | PSP_PREMATURE;
+constexpr DWORD kKnownFlags =
+    PSP_DLGINDIRECT | PSP_USEHICON | PSP_USEICONID | PSP_USETITLE | PSP_HASHELP | PSP_USECALLBACK;
 // The page record's first version ends here.
 constexpr DWORD kLeastSize = offsetof(PROPSHEETPAGEW, pszHeaderTitle);
 
@@ -127,9 +127,6 @@ HPROPSHEETPAGE NewSheetPage(const PROPSHEETPAGEW& from) {
         made->templateName = page.pszTemplate;
         page.pszTemplate = made->templateName.c_str();
     }
-    if (made->Has(PSP_USEREFPARENT)) {
-        ++*page.pcRefParent;
-    }
     made->CallBack(PSPCB_ADDREF);
     pages.insert(made.get());
     return made.release();
@@ -142,9 +139,6 @@ bool TakeSheetPage(HPROPSHEETPAGE page) {
 void DeleteSheetPage(HPROPSHEETPAGE page) {
     pages.erase(page);
     page->CallBack(PSPCB_RELEASE);
-    if (page->Has(PSP_USEREFPARENT)) {
-        --*page->page.pcRefParent;
-    }
     delete page;
 }
 

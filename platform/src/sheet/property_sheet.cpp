@@ -14,9 +14,9 @@ using host::WideString;
 constexpr int kApplyNow = 0x3021;
 constexpr int kTabs = 0x3020;
 constexpr int kNoPage = -1;
-constexpr DWORD kKnownFlags = PSH_PROPTITLE | PSH_USEHICON | PSH_USEICONID | PSH_PROPSHEETPAGE |
-                              PSH_USEPSTARTPAGE | PSH_NOAPPLYNOW | PSH_USECALLBACK | PSH_HASHELP |
-                              PSH_NOCONTEXTHELP;
+constexpr UINT kLastMessage = WM_USER + 0x8F;  // of a sheet's own, from PSM_SETCURSEL on
+constexpr DWORD kKnownFlags = PSH_PROPTITLE | PSH_USEHICON | PSH_USEICONID | PSH_NOAPPLYNOW |
+                              PSH_USECALLBACK | PSH_HASHELP | PSH_NOCONTEXTHELP;
 
 struct Item {
     DWORD style;
@@ -80,9 +80,9 @@ class Sheet {
     HWND window = nullptr;
 
   private:
-    bool TakePage(HPROPSHEETPAGE page);
+    void TakePage(HPROPSHEETPAGE page);
     void Initialise();
-    void SetTitle(DWORD flags, LPCWSTR caption);
+    void SetTitle();
     void SetIcon();
     void InsertTab(int index);
 
@@ -99,7 +99,6 @@ class Sheet {
     bool Leave() { return active_ == kNoPage || Notify(active_, PSN_KILLACTIVE) == 0; }
     bool Select(int index) { return Page(index) != nullptr && Leave() && Show(index); }
     void FocusOnPage();
-    bool Remove(int index);
     LRESULT Notify(int index, UINT code, LPARAM parameter = 0);
 
     void Press(int id);
@@ -110,9 +109,7 @@ class Sheet {
     void SetChanged(HWND page, bool changed);
     void DestroyPages();
 
-    bool Answer(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    bool AnswerAboutPages(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    LRESULT AskSiblings(WPARAM wParam, LPARAM lParam);
+    bool Answer(UINT message, WPARAM wParam, LRESULT& result);
     LRESULT HearTabs(UINT code);
 
     int Count() const { return static_cast<int>(pages_.size()); }
@@ -124,23 +121,14 @@ class Sheet {
         const auto found = std::find_if(pages_.begin(), pages_.end(), test);
         return found == pages_.end() ? kNoPage : static_cast<int>(found - pages_.begin());
     }
-    int IndexOf(HPROPSHEETPAGE page) const {
-        return IndexWhere([&](const _PSP* candidate) { return candidate == page; });
-    }
     int IndexOf(HWND page) const {
         return IndexWhere(
             [&](const _PSP* candidate) { return page != nullptr && candidate->window == page; });
-    }
-    // A message names a page by its handle or, without one, by its index.
-    int Named(WPARAM index, LPARAM page) const {
-        return page != 0 ? IndexOf(reinterpret_cast<HPROPSHEETPAGE>(page))
-                         : static_cast<int>(index);
     }
 
     const PROPSHEETHEADERW& header_;
     std::vector<_PSP*> pages_;
     int active_ = kNoPage;
-    INT_PTR restart_ = 0;  ///< what a page asked for at the end
     INT_PTR result_ = 0;
     bool ended_ = false;
 };
@@ -156,17 +144,8 @@ INT_PTR CALLBACK SheetProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 
 // Pages whose template is not there are left out.
 Sheet::Sheet(const PROPSHEETHEADERW& header) : header_(header) {
-    const auto* record = reinterpret_cast<const BYTE*>(header.ppsp);
     for (UINT i = 0; i < header.nPages; ++i) {
-        HPROPSHEETPAGE page = nullptr;
-        if ((header.dwFlags & PSH_PROPSHEETPAGE) != 0) {
-            const auto& from = *reinterpret_cast<const PROPSHEETPAGEW*>(record);
-            page = host::NewSheetPage(from);
-            record += from.dwSize;
-        } else {
-            page = header.phpage[i];
-        }
-        TakePage(page);
+        TakePage(header.phpage[i]);
     }
 }
 
@@ -174,16 +153,15 @@ Sheet::~Sheet() {
     DestroyPages();
 }
 
-bool Sheet::TakePage(HPROPSHEETPAGE page) {
+void Sheet::TakePage(HPROPSHEETPAGE page) {
     if (!host::TakeSheetPage(page)) {
-        return false;
+        return;
     }
-    if (!host::PrepareSheetPage(*page)) {
+    if (host::PrepareSheetPage(*page)) {
+        pages_.push_back(page);
+    } else {
         host::DeleteSheetPage(page);
-        return false;
     }
-    pages_.push_back(page);
-    return true;
 }
 
 // ---- Opening ----------------------------------------------------------------------------------
@@ -235,7 +213,7 @@ INT_PTR Sheet::Run() {
 }
 
 void Sheet::Initialise() {
-    SetTitle(header_.dwFlags, header_.pszCaption);
+    SetTitle();
     SetIcon();
     for (int i = 0; i < Count(); ++i) {
         InsertTab(i);
@@ -251,27 +229,20 @@ void Sheet::Initialise() {
     if ((header_.dwFlags & PSH_USECALLBACK) != 0 && header_.pfnCallback != nullptr) {
         header_.pfnCallback(window, PSCB_INITIALIZED, 0);
     }
-    for (int i = 0; i < Count(); ++i) {
-        if (pages_[static_cast<size_t>(i)]->Has(PSP_PREMATURE)) {
-            MakePage(i);
-        }
-    }
-    int start = static_cast<int>(header_.nStartPage);
-    if ((header_.dwFlags & PSH_USEPSTARTPAGE) != 0) {
-        start = IndexWhere([&](const _PSP* page) { return page->title == header_.pStartPage; });
-    }
-    start = Page(start) == nullptr ? 0 : start;
+    const int asked = static_cast<int>(header_.nStartPage);
+    const int start = Page(asked) == nullptr ? 0 : asked;
     // A page that cannot be made gives its turn to the others.
     for (int i = 0; i < Count() && !Show((start + i) % Count()); ++i) {
     }
 }
 
-void Sheet::SetTitle(DWORD flags, LPCWSTR caption) {
+void Sheet::SetTitle() {
+    const LPCWSTR caption = header_.pszCaption;
     if (caption != nullptr && IS_INTRESOURCE(caption)) {
         host::Unsupported("property sheet with a caption by number");
     }
     WideString title = caption == nullptr ? TEXT("") : caption;
-    if ((flags & PSH_PROPTITLE) != 0) {
+    if ((header_.dwFlags & PSH_PROPTITLE) != 0) {
         title += TEXT(" Properties");
     }
     SetWindowTextW(window, title.c_str());
@@ -445,30 +416,6 @@ void Sheet::FocusOnPage() {
     SetFocus(control != nullptr && IsChild(page, control) ? control : Item(IDOK));
 }
 
-bool Sheet::Remove(int index) {
-    _PSP* page = Page(index);
-    if (page == nullptr) {
-        return false;
-    }
-    if (index == active_) {
-        const int next = index + 1 < Count() ? index + 1 : index - 1;
-        if (next < 0 || !Show(next)) {
-            active_ = kNoPage;
-        }
-    }
-    pages_.erase(pages_.begin() + index);
-    if (page->window != nullptr) {
-        DestroyWindow(page->window);
-    }
-    host::DeleteSheetPage(page);
-    SendMessageW(Item(kTabs), TCM_DELETEITEM, static_cast<WPARAM>(index), 0);
-    active_ -= active_ > index ? 1 : 0;
-    if (active_ != kNoPage) {
-        SendMessageW(Item(kTabs), TCM_SETCURSEL, static_cast<WPARAM>(active_), 0);
-    }
-    return true;
-}
-
 LRESULT Sheet::Notify(int index, UINT code, LPARAM parameter) {
     PSHNOTIFY notification = {{window, 0, code}, parameter};
     return SendMessageW(Page(index)->window, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
@@ -493,7 +440,7 @@ void Sheet::Press(int id) {
     switch (id) {
         case IDOK:
             if (Apply(true)) {
-                Close(restart_ != 0 ? restart_ : 1);
+                Close(1);
             }
             return;
         case kApplyNow:
@@ -554,7 +501,7 @@ void Sheet::Cancel(bool byFrame) {
             Notify(i, PSN_RESET, byFrame);
         }
     }
-    Close(restart_);
+    Close(0);
 }
 
 void Sheet::Close(INT_PTR result) {
@@ -601,8 +548,7 @@ INT_PTR Sheet::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             break;
         }
         default:
-            if (!AnswerAboutPages(message, wParam, lParam, result) &&
-                !Answer(message, wParam, lParam, result)) {
+            if (!Answer(message, wParam, result)) {
                 return FALSE;
             }
     }
@@ -620,74 +566,16 @@ LRESULT Sheet::HearTabs(UINT code) {
     return 0;
 }
 
-LRESULT Sheet::AskSiblings(WPARAM wParam, LPARAM lParam) {
-    for (int i = 0; i < Count(); ++i) {
-        const HWND page = Page(i)->window;
-        const LRESULT answer =
-            page == nullptr ? 0 : SendMessageW(page, PSM_QUERYSIBLINGS, wParam, lParam);
-        if (answer != 0) {
-            return answer;
-        }
-    }
-    return 0;
-}
-
-// What names a page or asks for one. False when the message is another.
-bool Sheet::AnswerAboutPages(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    const _PSP* page = Page(static_cast<int>(wParam));
-    switch (message) {
-        case PSM_SETCURSEL:
-            result = Select(Named(wParam, lParam));
-            return true;
-        case PSM_SETCURSELID:
-            result = Select(IndexWhere([&](const _PSP* candidate) {
-                return !candidate->Has(PSP_DLGINDIRECT) &&
-                       candidate->page.pszTemplate == MAKEINTRESOURCEW(lParam);
-            }));
-            return true;
-        case PSM_ADDPAGE:
-            result = TakePage(reinterpret_cast<HPROPSHEETPAGE>(lParam));
-            if (result != FALSE) {
-                InsertTab(Count() - 1);
-            }
-            return true;
-        case PSM_REMOVEPAGE:
-            Remove(Named(wParam, lParam));
-            return true;
-        case PSM_GETCURRENTPAGEHWND:
-            result = active_ == kNoPage ? 0 : reinterpret_cast<LRESULT>(Page(active_)->window);
-            return true;
-        case PSM_HWNDTOINDEX:
-            result = IndexOf(reinterpret_cast<HWND>(wParam));
-            return true;
-        case PSM_INDEXTOHWND:
-            result = page == nullptr ? 0 : reinterpret_cast<LRESULT>(page->window);
-            return true;
-        case PSM_PAGETOINDEX:
-            result = IndexOf(reinterpret_cast<HPROPSHEETPAGE>(lParam));
-            return true;
-        case PSM_INDEXTOPAGE:
-            result = reinterpret_cast<LRESULT>(page);
-            return true;
-        case PSM_INDEXTOID:
-            result = page == nullptr || page->Has(PSP_DLGINDIRECT)
-                         ? 0
-                         : reinterpret_cast<LRESULT>(page->page.pszTemplate);
-            return true;
-    }
-    return false;
-}
-
-// What concerns the sheet as a whole. False when the message is none of a sheet's.
-bool Sheet::Answer(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+// False when the message is none of a sheet's.
+bool Sheet::Answer(UINT message, WPARAM wParam, LRESULT& result) {
     constexpr int kPressed[] = {0, 0, 0, IDOK, kApplyNow, IDCANCEL, IDHELP};
     switch (message) {
         case PSM_CHANGED:
         case PSM_UNCHANGED:
             SetChanged(reinterpret_cast<HWND>(wParam), message == PSM_CHANGED);
             return true;
-        case PSM_APPLY:
-            result = Apply(false);
+        case PSM_SETCURSEL:
+            result = Select(static_cast<int>(wParam));
             return true;
         case PSM_PRESSBUTTON:
             if (wParam >= std::size(kPressed) || kPressed[wParam] == 0) {
@@ -695,37 +583,21 @@ bool Sheet::Answer(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) 
             }
             Press(kPressed[wParam]);
             return true;
-        case PSM_RESTARTWINDOWS:
-            restart_ = std::max(restart_, INT_PTR{ID_PSRESTARTWINDOWS});
-            return true;
-        case PSM_REBOOTSYSTEM:
-            restart_ = ID_PSREBOOTSYSTEM;
-            return true;
-        case PSM_CANCELTOCLOSE:
-            SetWindowTextW(Item(IDOK), TEXT("Close"));
-            EnableWindow(Item(IDCANCEL), FALSE);
-            return true;
-        case PSM_QUERYSIBLINGS:
-            result = AskSiblings(wParam, lParam);
-            return true;
-        case PSM_SETTITLEW:
-            SetTitle(static_cast<DWORD>(wParam), reinterpret_cast<LPCWSTR>(lParam));
-            return true;
         case PSM_GETTABCONTROL:
             result = reinterpret_cast<LRESULT>(Item(kTabs));
             return true;
-        case PSM_GETRESULT:
-            result = ended_ ? result_ : restart_;
+        case PSM_GETCURRENTPAGEHWND:
+            result = active_ == kNoPage ? 0 : reinterpret_cast<LRESULT>(Page(active_)->window);
             return true;
-        case PSM_ISDIALOGMESSAGE:
-            result = IsDialogMessageW(window, reinterpret_cast<LPMSG>(lParam));
+        case PSM_INDEXTOID: {
+            const _PSP* page = Page(static_cast<int>(wParam));
+            result = page == nullptr || page->Has(PSP_DLGINDIRECT)
+                         ? 0
+                         : reinterpret_cast<LRESULT>(page->page.pszTemplate);
             return true;
-        case PSM_RECALCPAGESIZES:
-            Arrange();
-            result = TRUE;
-            return true;
+        }
     }
-    if (message >= PSM_SETCURSEL && message <= PSM_RECALCPAGESIZES) {
+    if (message >= PSM_SETCURSEL && message <= kLastMessage) {
         host::Unsupported("property sheet message %#x", message);
     }
     return false;
