@@ -16,7 +16,6 @@ constexpr int kFrame = 4;  ///< between the control's edges and the display area
 
 struct Item {
     WideString text;
-    int image = -1;
     LPARAM param = 0;
     int row = 0;  ///< as the items follow each other, whatever row is lowest at the moment
     RECT rect = {};
@@ -55,18 +54,14 @@ class TabControl : public host::common::Control {
 
     std::vector<Item> items_;
     int selected_ = -1;
-    int fixedHeight_ = 0;
     int tabHeight_ = 0;
-    int tabWidth_ = 0;           ///< as last set; used by fixed widths only
     std::vector<int> rowOrder_;  ///< the rows from the top down; the selected tab's is the last
-    HWND tooltip_ = nullptr;
 };
 
 LRESULT TabControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CREATE:
-            host::common::CheckStyle("tab control", Style(),
-                                     TCS_MULTILINE | TCS_RAGGEDRIGHT | TCS_FOCUSNEVER);
+            host::common::CheckStyle("tab control", Style(), TCS_MULTILINE);
             // Pages lie over it as its siblings.
             SetWindowLongPtrW(window_, GWL_STYLE, static_cast<LONG>(Style() | WS_CLIPSIBLINGS));
             Arrange();
@@ -98,7 +93,6 @@ LRESULT TabControl::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         case TCM_GETITEMCOUNT:
             return Count();
         case TCM_GETCURSEL:
-        case TCM_GETCURFOCUS:  // without buttons the same
             return selected_;
         case TCM_SETCURSEL:
             return SetSelection(static_cast<int>(wParam));
@@ -112,24 +106,12 @@ LRESULT TabControl::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         case TCM_ADJUSTRECT:
             AdjustRect(wParam != 0, *reinterpret_cast<RECT*>(lParam));
             return 0;
-        case TCM_SETITEMSIZE: {
-            const LRESULT previous = MAKELONG(tabWidth_, tabHeight_);
-            tabWidth_ = LOWORD(lParam);
-            fixedHeight_ = HIWORD(lParam);
-            Arrange();
-            return previous;
-        }
         case TCM_HITTEST: {
             auto* test = reinterpret_cast<TCHITTESTINFO*>(lParam);
             const int index = At(test->pt);
             test->flags = index < 0 ? TCHT_NOWHERE : TCHT_ONITEM;
             return index;
         }
-        case TCM_GETTOOLTIPS:
-            return reinterpret_cast<LRESULT>(tooltip_);
-        case TCM_SETTOOLTIPS:
-            tooltip_ = reinterpret_cast<HWND>(wParam);
-            return 0;
     }
     return HandleItems(message, wParam, lParam);
 }
@@ -167,14 +149,11 @@ LRESULT TabControl::HandleItems(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void TabControl::Set(Item& item, const TCITEMW& from) {
-    if ((from.mask & ~UINT{TCIF_TEXT | TCIF_IMAGE | TCIF_PARAM}) != 0) {
+    if ((from.mask & ~UINT{TCIF_TEXT | TCIF_PARAM}) != 0) {
         host::Unsupported("tab item with mask %#x", from.mask);
     }
     if ((from.mask & TCIF_TEXT) != 0) {
         item.text = from.pszText == nullptr ? WideString() : from.pszText;
-    }
-    if ((from.mask & TCIF_IMAGE) != 0) {
-        item.image = from.iImage;
     }
     if ((from.mask & TCIF_PARAM) != 0) {
         item.param = from.lParam;
@@ -184,9 +163,6 @@ void TabControl::Set(Item& item, const TCITEMW& from) {
 void TabControl::Get(const Item& item, TCITEMW& to) {
     if ((to.mask & TCIF_TEXT) != 0) {
         host::common::CopyText(item.text, to.pszText, to.cchTextMax);
-    }
-    if ((to.mask & TCIF_IMAGE) != 0) {
-        to.iImage = item.image;
     }
     if ((to.mask & TCIF_PARAM) != 0) {
         to.lParam = item.param;
@@ -236,9 +212,7 @@ void TabControl::Choose(int index) {
         return;
     }
     if (index == selected_) {
-        if ((Style() & TCS_FOCUSNEVER) == 0) {
-            SetFocus(window_);
-        }
+        SetFocus(window_);
         return;
     }
     if (Notify(TCN_SELCHANGING) != FALSE) {
@@ -293,7 +267,7 @@ std::vector<int> TabControl::SpreadOverRows(const std::vector<int>& widths) {
         rows[i] = i == 0 ? 0 : rows[i - 1] + (fits ? 0 : 1);
         along = (fits ? along : kMargin) + widths[i];
     }
-    if (rows.empty() || (Style() & TCS_RAGGEDRIGHT) != 0) {
+    if (rows.empty()) {
         return rows;
     }
     const int count = rows.back() + 1;
@@ -328,7 +302,7 @@ void TabControl::PlaceRow(int first, int end, const std::vector<int>& widths, bo
 }
 
 void TabControl::Arrange() {
-    tabHeight_ = fixedHeight_ > 0 ? fixedHeight_ : FontHeight() + 5;
+    tabHeight_ = FontHeight() + 5;
     std::vector<int> widths;
     for (const Item& item : items_) {
         widths.push_back(
@@ -336,7 +310,7 @@ void TabControl::Arrange() {
     }
     const std::vector<int> rows = SpreadOverRows(widths);
     const int rowCount = rows.empty() ? 0 : rows.back() + 1;
-    const bool stretch = rowCount > 1 && (Style() & TCS_RAGGEDRIGHT) == 0;
+    const bool stretch = rowCount > 1;
     for (int first = 0; first < Count();) {
         int end = first;
         while (end < Count() &&

@@ -11,8 +11,10 @@ using host::common::PointOf;
 // the edge of the window.
 constexpr int kThumbWidth = 11;
 constexpr int kThumbLength = 21;
+constexpr int kThumbAcross = 2;
 constexpr int kChannelEnd = 8;  ///< from the ends of the window to those of the channel
 constexpr int kChannelThickness = 4;
+constexpr int kChannelAcross = 9;
 constexpr int kPointLength = 5;  ///< of the thumb, towards the ticks
 constexpr int kTickLength = 3;
 
@@ -65,7 +67,6 @@ class TrackBar : public host::common::Control {
     int AlongSize() const { return Vertical() ? Client().bottom : Client().right; }
     int ThumbTravel() const { return std::max(0, ChannelLength() - kThumbWidth); }
     int ThumbAlong(int position) const;
-    int ThumbAcross() const { return Has(TBS_TOP | TBS_BOTH) ? 10 : 2; }
     RECT Thumb() const;
     RECT Channel() const;
 
@@ -94,20 +95,17 @@ int TrackBar::ThumbAlong(int position) const {
 
 RECT TrackBar::Thumb() const {
     const int along = ThumbAlong(position_);
-    return Turned(along, ThumbAcross(), along + kThumbWidth, ThumbAcross() + kThumbLength);
+    return Turned(along, kThumbAcross, along + kThumbWidth, kThumbAcross + kThumbLength);
 }
 
 RECT TrackBar::Channel() const {
-    const int across = Has(TBS_BOTH) ? 18 : Has(TBS_TOP) ? 19 : 9;
-    return Turned(kChannelEnd, across, kChannelEnd + ChannelLength(), across + kChannelThickness);
+    return Turned(kChannelEnd, kChannelAcross, kChannelEnd + ChannelLength(),
+                  kChannelAcross + kChannelThickness);
 }
 
 LRESULT TrackBar::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CREATE) {
-        // Without messages for a selection its style shows nothing of its own.
-        host::common::CheckStyle("track bar", Style(),
-                                 TBS_AUTOTICKS | TBS_VERT | TBS_TOP | TBS_BOTH | TBS_NOTICKS |
-                                     TBS_ENABLESELRANGE | TBS_FIXEDLENGTH | TBS_NOTHUMB);
+        host::common::CheckStyle("track bar", Style(), TBS_AUTOTICKS | TBS_VERT);
         SpreadTicks();
         return 0;
     }
@@ -139,9 +137,6 @@ LRESULT TrackBar::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
         case TBM_SETRANGEMIN:
             SetRange(value, max_, wParam != 0);
             return 0;
-        case TBM_SETRANGEMAX:
-            SetRange(min_, value, wParam != 0);
-            return 0;
         case TBM_SETPAGESIZE: {
             const int previous = PageSize();
             pageSize_ = value;
@@ -165,17 +160,8 @@ LRESULT TrackBar::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             SpreadTicks();
             Redraw();
             return 0;
-        case TBM_CLEARTICS:
-            ticks_.clear();
-            if (wParam != 0) {
-                Redraw();
-            }
-            return 0;
         case TBM_GETTHUMBRECT:
             *reinterpret_cast<RECT*>(lParam) = Thumb();
-            return 0;
-        case TBM_GETCHANNELRECT:
-            *reinterpret_cast<RECT*>(lParam) = Channel();
             return 0;
     }
     return Control::Handle(message, wParam, lParam);
@@ -326,32 +312,18 @@ void TrackBar::Paint(HDC context) {
     RECT channel = Channel();
     DrawEdge(context, &channel, EDGE_SUNKEN, BF_RECT | BF_MIDDLE);
     DrawTicks(context);
-    if (!Has(TBS_NOTHUMB)) {
-        DrawThumb(context);
-    }
+    DrawThumb(context);
     if (HasFocus()) {
         DrawFocusRect(context, &client);
     }
 }
 
 void TrackBar::DrawTicks(HDC context) const {
-    if (Has(TBS_NOTICKS)) {
-        return;
-    }
-    const int before = ThumbAcross() - 2 - kTickLength - 1;
-    const int after = ThumbAcross() + kThumbLength + 2;
     const auto draw = [&](int position, int length) {
         const int along = ThumbAlong(position) + kThumbWidth / 2;
-        const auto mark = [&](int across) {
-            const RECT tick = Turned(along, across, along + 1, across + length);
-            FillRect(context, &tick, GetSysColorBrush(COLOR_BTNTEXT));
-        };
-        if (Has(TBS_TOP | TBS_BOTH)) {
-            mark(before + kTickLength + 1 - length);
-        }
-        if (!Has(TBS_TOP) || Has(TBS_BOTH)) {
-            mark(after);
-        }
+        const int across = kThumbAcross + kThumbLength + 2;
+        const RECT tick = Turned(along, across, along + 1, across + length);
+        FillRect(context, &tick, GetSysColorBrush(COLOR_BTNTEXT));
     };
     for (const int tick : ticks_) {
         draw(tick, kTickLength);
@@ -360,18 +332,13 @@ void TrackBar::DrawTicks(HDC context) const {
     draw(max_, kTickLength + 1);
 }
 
-// The thumb points towards its ticks; with ticks on both sides it is a plain block.
+// The thumb points towards its ticks.
 void TrackBar::DrawThumb(HDC context) const {
-    RECT thumb = Thumb();
-    if (Has(TBS_BOTH)) {
-        DrawEdge(context, &thumb, EDGE_RAISED, BF_RECT | BF_MIDDLE);
-        return;
-    }
     const int along = ThumbAlong(position_);
     const int last = along + kThumbWidth - 1;
-    const int base = Has(TBS_TOP) ? ThumbAcross() + kThumbLength - 1 : ThumbAcross();
-    const int tip = Has(TBS_TOP) ? ThumbAcross() : ThumbAcross() + kThumbLength - 1;
-    const int neck = Has(TBS_TOP) ? tip + kPointLength : tip - kPointLength;
+    const int base = kThumbAcross;
+    const int tip = kThumbAcross + kThumbLength - 1;
+    const int neck = tip - kPointLength;
     const auto at = [this](int a, int across) {
         return Vertical() ? POINT{across, a} : POINT{a, across};
     };
@@ -386,10 +353,8 @@ void TrackBar::DrawThumb(HDC context) const {
     // Light comes from the top left.
     SetDCPenColor(context, GetSysColor(COLOR_BTNHIGHLIGHT));
     Polyline(context, outline, 3);
-    if (base < tip) {
-        const POINT edge[] = {outline[0], outline[4]};
-        Polyline(context, edge, 2);
-    }
+    const POINT edge[] = {outline[0], outline[4]};
+    Polyline(context, edge, 2);
     RestoreDC(context, saved);
 }
 
