@@ -44,11 +44,9 @@ class Button : public Control {
     void Press();
     void Track(bool inside);
     void Release(bool inside);
-    void NotifyCommand(UINT code) const;
     void SetFocused(bool focused);
     void HandleKey(UINT message, WPARAM key);
 
-    HBRUSH Background(HDC context, UINT message) const;
     void PaintPush(HDC context, RECT area) const;
     void PaintCheck(HDC context, RECT area) const;
     void PaintGroup(HDC context, RECT area) const;
@@ -90,11 +88,6 @@ LRESULT Button::DialogCode() const {
         default:
             return DLGC_BUTTON;
     }
-}
-
-void Button::NotifyCommand(UINT code) const {
-    SendMessageW(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
-                 reinterpret_cast<LPARAM>(window_));
 }
 
 // A checked radio button is where Tab enters its group.
@@ -217,12 +210,6 @@ void Button::HandleKey(UINT message, WPARAM key) {
 }
 
 // ---- Painting ---------------------------------------------------------------------------------
-
-HBRUSH Button::Background(HDC context, UINT message) const {
-    return reinterpret_cast<HBRUSH>(SendMessageW(GetParent(window_), message,
-                                                 reinterpret_cast<WPARAM>(context),
-                                                 reinterpret_cast<LPARAM>(window_)));
-}
 
 // The text stands in the middle of the height, in several lines when the style lets it.
 void Button::PaintLabel(HDC context, RECT place, UINT format, bool focusFrame) const {

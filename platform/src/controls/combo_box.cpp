@@ -557,8 +557,7 @@ WideString ComboBox::SelectedText() const {
 // False when the parent has destroyed the combo box over it.
 bool ComboBox::Tell(WORD code) const {
     const HWND window = window_;
-    SendMessageW(GetParent(window), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window), code),
-                 reinterpret_cast<LPARAM>(window));
+    NotifyCommand(code);
     return IsWindow(window);
 }
 

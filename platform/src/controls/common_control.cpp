@@ -102,6 +102,17 @@ LRESULT Control::Notify(UINT code) const {
     return SendHeader(&header);
 }
 
+void Control::NotifyCommand(UINT code) const {
+    SendMessageW(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
+                 reinterpret_cast<LPARAM>(window_));
+}
+
+HBRUSH Control::Background(HDC context, UINT message) const {
+    return reinterpret_cast<HBRUSH>(SendMessageW(GetParent(window_), message,
+                                                 reinterpret_cast<WPARAM>(context),
+                                                 reinterpret_cast<LPARAM>(window_)));
+}
+
 void Control::NotifyPainting(HDC context) const {
     NMCUSTOMDRAW drawing = {};
     drawing.dwDrawStage = CDDS_PREPAINT;

@@ -39,6 +39,8 @@ class Control {
     bool HasFocus() const { return GetFocus() == window_; }
     void Redraw() const { InvalidateRect(window_, nullptr, TRUE); }
 
+    /// Sends WM_COMMAND with a notification to the parent.
+    void NotifyCommand(UINT code) const;
     /// Sends WM_NOTIFY to the parent.
     LRESULT Notify(UINT code) const;
     /// The same with a longer structure that begins with NMHDR as its member `hdr`.
@@ -47,6 +49,8 @@ class Control {
         notification.hdr = Header(code);
         return SendHeader(&notification.hdr);
     }
+    /// Asks the parent for the background by a WM_CTLCOLOR message, which sets the colours too.
+    HBRUSH Background(HDC context, UINT message) const;
     /// Offers the painting to the parent first, as NM_CUSTOMDRAW before all else.
     void NotifyPainting(HDC context) const;
 

@@ -29,7 +29,6 @@ class Edit : public Control {
     size_t SelectionEnd() const { return std::max(anchor_, caret_); }
 
     LRESULT HandleSelection(UINT message, WPARAM wParam, LPARAM lParam);
-    void Tell(UINT code) const;
     void Changed();
     void SetText(const WCHAR* text);
     void Select(LONG_PTR start, LONG_PTR end);
@@ -50,20 +49,15 @@ class Edit : public Control {
     size_t limit_ = kFirstLimit;
 };
 
-void Edit::Tell(UINT code) const {
-    SendMessageW(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
-                 reinterpret_cast<LPARAM>(window_));
-}
-
 // ---- The text ---------------------------------------------------------------------------------
 
 // First what is about to be shown, then that it has changed.
 void Edit::Changed() {
     const HWND self = window_;
     Redraw();
-    Tell(EN_UPDATE);
+    NotifyCommand(EN_UPDATE);
     if (IsWindow(self)) {
-        Tell(EN_CHANGE);
+        NotifyCommand(EN_CHANGE);
     }
 }
 
@@ -93,7 +87,7 @@ void Edit::Replace(WideString text) {
     const size_t kept = text_.size() - (SelectionEnd() - SelectionStart());
     const size_t room = limit_ > kept ? limit_ - kept : 0;
     if (text.size() > room) {
-        Tell(EN_MAXTEXT);
+        NotifyCommand(EN_MAXTEXT);
         if (!IsWindow(self) || (room == 0 && !HasSelection())) {
             return;
         }
@@ -193,9 +187,7 @@ void Edit::PaintSelection(HDC context, LONG left) const {
 void Edit::Paint(HDC context) {
     const bool isEnabled = IsWindowEnabled(window_);
     const UINT colors = IsReadOnly() || !isEnabled ? WM_CTLCOLORSTATIC : WM_CTLCOLOREDIT;
-    const auto background = reinterpret_cast<HBRUSH>(
-        SendMessageW(GetParent(window_), colors, reinterpret_cast<WPARAM>(context),
-                     reinterpret_cast<LPARAM>(window_)));
+    const HBRUSH background = Background(context, colors);
     const RECT area = Client();
     FillRect(context, &area, background);
     SetBkMode(context, TRANSPARENT);
@@ -259,7 +251,7 @@ LRESULT Edit::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
             Redraw();
-            Tell(message == WM_SETFOCUS ? EN_SETFOCUS : EN_KILLFOCUS);
+            NotifyCommand(message == WM_SETFOCUS ? EN_SETFOCUS : EN_KILLFOCUS);
             return 0;
         case WM_LBUTTONDOWN:
             MoveCaret(AtX(common::PointOf(lParam).x));

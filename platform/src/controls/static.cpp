@@ -29,8 +29,7 @@ class Static : public Control {
     HANDLE SetImage(HANDLE image);
     SIZE ImageSize() const;
     void ReleaseOwn();
-    void NotifyCommand(UINT code) const;
-    HBRUSH Background(HDC context) const;
+    void Tell(UINT code) const;
     void PaintText(HDC context, const RECT& area) const;
     void PaintImage(HDC context) const;
     void PaintByOwner(HDC context, const RECT& area) const;
@@ -91,17 +90,10 @@ HANDLE Static::SetImage(HANDLE image) {
     return before;
 }
 
-void Static::NotifyCommand(UINT code) const {
+void Static::Tell(UINT code) const {
     if ((Style() & SS_NOTIFY) != 0) {
-        SendMessageW(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
-                     reinterpret_cast<LPARAM>(window_));
+        NotifyCommand(code);
     }
-}
-
-HBRUSH Static::Background(HDC context) const {
-    return reinterpret_cast<HBRUSH>(SendMessageW(GetParent(window_), WM_CTLCOLORSTATIC,
-                                                 reinterpret_cast<WPARAM>(context),
-                                                 reinterpret_cast<LPARAM>(window_)));
 }
 
 void Static::PaintText(HDC context, const RECT& area) const {
@@ -142,7 +134,7 @@ void Static::PaintByOwner(HDC context, const RECT& area) const {
     item.hwndItem = window_;
     item.hDC = context;
     item.rcItem = area;
-    Background(context);
+    Background(context, WM_CTLCOLORSTATIC);
     SendMessageW(GetParent(window_), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
 }
 
@@ -153,7 +145,7 @@ void Static::Paint(HDC context) {
         return;
     }
     SetBkMode(context, OPAQUE);  // the parent may change that along with the colours
-    HBRUSH background = Background(context);
+    HBRUSH background = Background(context, WM_CTLCOLORSTATIC);
     FillRect(context, &area, background);
     if (ShowsImage()) {
         PaintImage(context);
@@ -179,7 +171,7 @@ LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return result;
         }
         case WM_ENABLE:
-            NotifyCommand(wParam != 0 ? STN_ENABLE : STN_DISABLE);
+            Tell(wParam != 0 ? STN_ENABLE : STN_DISABLE);
             Redraw();
             return 0;
         case WM_SETFOCUS:
@@ -190,10 +182,10 @@ LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_NCHITTEST:
             return (Style() & SS_NOTIFY) != 0 ? HTCLIENT : HTTRANSPARENT;
         case WM_LBUTTONDOWN:
-            NotifyCommand(STN_CLICKED);
+            Tell(STN_CLICKED);
             return 0;
         case WM_LBUTTONDBLCLK:
-            NotifyCommand(STN_DBLCLK);
+            Tell(STN_DBLCLK);
             return 0;
         case STM_GETICON:
             return Kind() == SS_ICON ? reinterpret_cast<LRESULT>(image_) : 0;

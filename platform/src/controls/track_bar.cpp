@@ -304,11 +304,8 @@ void TrackBar::EndTracking() {
 void TrackBar::Paint(HDC context) {
     NotifyPainting(context);
     const RECT client = Client();
-    const LRESULT brush =
-        SendMessageW(GetParent(window_), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context),
-                     reinterpret_cast<LPARAM>(window_));
-    FillRect(context, &client,
-             brush != 0 ? reinterpret_cast<HBRUSH>(brush) : GetSysColorBrush(COLOR_BTNFACE));
+    const HBRUSH brush = Background(context, WM_CTLCOLORSTATIC);
+    FillRect(context, &client, brush != nullptr ? brush : GetSysColorBrush(COLOR_BTNFACE));
     RECT channel = Channel();
     DrawEdge(context, &channel, EDGE_SUNKEN, BF_RECT | BF_MIDDLE);
     DrawTicks(context);
