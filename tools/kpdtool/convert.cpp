@@ -1,9 +1,9 @@
 // kpdtool convert: what DrvConvertDevMode makes of a record.
 #include "commands.h"
 #include "core/driver_ui_contract.h"
-#include "record_report.h"
 #include "temporary_printer.h"
 #include "text_table.h"
+#include "tools/kpdtool/records/record_report.h"
 
 namespace kpdtool {
 namespace {

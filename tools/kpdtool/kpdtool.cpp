@@ -4,9 +4,9 @@
 #include <CLI/CLI.hpp>
 
 #include "commands.h"
-#include "script.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
+#include "tools/kpdtool/sheet/script.h"
 
 namespace {
 

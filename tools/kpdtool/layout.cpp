@@ -1,7 +1,7 @@
 // kpdtool layout: docs/record.md.
 #include "commands.h"
-#include "record_report.h"
 #include "temporary_printer.h"
+#include "tools/kpdtool/records/record_report.h"
 
 namespace kpdtool {
 namespace {

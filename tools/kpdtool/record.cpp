@@ -1,11 +1,9 @@
-// kpdtool record and kpdtool show: records that the driver builds, and records that are stored.
+// kpdtool record: the record that the driver builds for a model.
 #include "commands.h"
 #include "core/context.h"
-#include "record_report.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
-
-#include <algorithm>
+#include "tools/kpdtool/records/record_report.h"
 
 namespace kpdtool {
 namespace {
@@ -26,23 +24,6 @@ StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
     return StoredRecord(options.printer, {bytes, bytes + sizeof(DevModeRecord)});
 }
 
-void PrintProblems(std::ostream& out, const StoredRecord& record, const StoredRecord* merged) {
-    size_t problems = 0;
-    size_t changes = 0;
-    for (const Field& field : RecordFields()) {
-        if (const auto bytes = record.Find(field)) {
-            problems += !ProblemIn(record, field, *bytes).empty();
-            changes += merged != nullptr && !std::ranges::equal(*bytes, *merged->Find(field));
-        }
-    }
-    out << problems << (problems == 1 ? " field is" : " fields are") << " out of range; ";
-    if (merged != nullptr) {
-        out << "a merge into a default record changes " << changes << ".\n";
-    } else {
-        out << "a merge refuses the record: its size names no version, and it has none itself.\n";
-    }
-}
-
 }  // namespace
 
 int BuildRecord(const Options& options, std::ostream& out) {
@@ -58,21 +39,6 @@ int BuildRecord(const Options& options, std::ostream& out) {
         PrintJson(out, json);
     } else {
         PrintRecord(out, record, nullptr);
-    }
-    return 0;
-}
-
-int ShowRecord(const Options& options, std::ostream& out) {
-    const StoredRecord record = ReadRecordFile(options.first);
-    const std::optional<StoredRecord> merged = Merged(record);
-    const StoredRecord* beside = merged ? &*merged : nullptr;
-    if (options.json) {
-        Json json = {{"file", options.first}, {"mergeAccepts", merged.has_value()}};
-        json.update(RecordJson(record, beside));
-        PrintJson(out, json);
-    } else {
-        PrintRecord(out, record, beside);
-        PrintProblems(out, record, beside);
     }
     return 0;
 }

@@ -1,11 +1,11 @@
 // kpdtool sheet: the document sheet, opened as an application does and used as a script says.
 #include "commands.h"
 #include "core/property_sheet.h"
-#include "differences.h"
-#include "record_report.h"
-#include "sheet_run.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
+#include "tools/kpdtool/records/differences.h"
+#include "tools/kpdtool/records/record_report.h"
+#include "tools/kpdtool/sheet/sheet_run.h"
 #include "wide_text.h"
 
 #include <prsht.h>

@@ -1,10 +1,10 @@
 // Reading scripts. The forms of the steps are one table, which the help is made of too.
 #include "script.h"
 
-#include "fields.h"
 #include "resource_names.h"
-#include "tool_error.h"
-#include "wide_text.h"
+#include "tools/kpdtool/records/fields.h"
+#include "tools/kpdtool/tool_error.h"
+#include "tools/kpdtool/wide_text.h"
 
 #include <algorithm>
 #include <charconv>

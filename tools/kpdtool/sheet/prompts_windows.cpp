@@ -11,7 +11,7 @@
 
 #include "prompts.h"
 #include "sheet_controls.h"
-#include "wide_text.h"
+#include "tools/kpdtool/wide_text.h"
 
 namespace kpdtool {
 namespace {

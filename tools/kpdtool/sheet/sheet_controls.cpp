@@ -8,7 +8,7 @@
 #include <map>
 
 #include "resource_names.h"
-#include "wide_text.h"
+#include "tools/kpdtool/wide_text.h"
 
 namespace kpdtool {
 namespace {

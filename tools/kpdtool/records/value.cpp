@@ -2,7 +2,7 @@
 // nothing, and may not come from this driver.
 #include "value.h"
 
-#include "wide_text.h"
+#include "tools/kpdtool/wide_text.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "core/device_mode.h"
 #include "platform_test.h"
 #include "tools/computer/computer.h"
-#include "tools/kpdtool/fields.h"
+#include "tools/kpdtool/records/fields.h"
 
 #include <winspool.h>
 

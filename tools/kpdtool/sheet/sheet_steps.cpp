@@ -3,11 +3,11 @@
 #include "picture_file.h"
 #include "resource_names.h"
 #include "sheet_run.h"
-#include "stored_record.h"
-#include "text_table.h"
-#include "tool_error.h"
+#include "tools/kpdtool/records/stored_record.h"
+#include "tools/kpdtool/text_table.h"
+#include "tools/kpdtool/tool_error.h"
+#include "tools/kpdtool/wide_text.h"
 #include "ui/common/language.h"
-#include "wide_text.h"
 
 #include <commctrl.h>
 #include <prsht.h>

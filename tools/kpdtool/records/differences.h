@@ -2,7 +2,7 @@
 #pragma once
 
 #include "stored_record.h"
-#include "text_table.h"
+#include "tools/kpdtool/text_table.h"
 
 namespace kpdtool {
 

@@ -5,7 +5,7 @@
 #include "core/context.h"
 #include "driver_test.h"
 #include "resources/resource.h"
-#include "tools/kpdtool/sheet_run.h"
+#include "tools/kpdtool/sheet/sheet_run.h"
 #include "tools/kpdtool/tool_error.h"
 #include "window_test.h"
 

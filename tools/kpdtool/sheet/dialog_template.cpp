@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "wide_text.h"
+#include "tools/kpdtool/wide_text.h"
 
 namespace kpdtool {
 namespace {

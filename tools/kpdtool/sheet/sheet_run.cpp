@@ -5,7 +5,7 @@
 #include <commctrl.h>
 #include <prsht.h>
 
-#include "tool_error.h"
+#include "tools/kpdtool/tool_error.h"
 
 namespace kpdtool {
 namespace {

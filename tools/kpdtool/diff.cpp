@@ -1,7 +1,7 @@
 // kpdtool diff: the fields in which two records differ.
 #include "commands.h"
-#include "differences.h"
-#include "record_report.h"
+#include "tools/kpdtool/records/differences.h"
+#include "tools/kpdtool/records/record_report.h"
 
 namespace kpdtool {
 

@@ -3,7 +3,7 @@
 #include "prompts.h"
 
 #include "platform/host.h"
-#include "wide_text.h"
+#include "tools/kpdtool/wide_text.h"
 
 #include <filesystem>
 

@@ -1,8 +1,8 @@
 // Records in files.
 #include "stored_record.h"
 
-#include "tool_error.h"
-#include "wide_text.h"
+#include "tools/kpdtool/tool_error.h"
+#include "tools/kpdtool/wide_text.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -2,7 +2,7 @@
 #include "record_report.h"
 
 #include "core/merge.h"
-#include "text_table.h"
+#include "tools/kpdtool/text_table.h"
 
 #include <algorithm>
 
