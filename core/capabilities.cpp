@@ -1,4 +1,5 @@
 // What the printer offers, and whether a job's record is acceptable.
+#include "core/card_terms.h"
 #include "core/driver_ui_contract.h"
 #include "core/merge.h"
 #include "core/owners.h"

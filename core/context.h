@@ -46,9 +46,10 @@ struct DriverContext {
     DWORD IsKP43Family;
     DWORD IsKP49;
 
-    HWND DeviceOptionsPage;  ///< while that page is open
+    HWND PageWindows[kPageSlots];  ///< each while that page is open
+    DWORD PagesBeingFilled;        ///< a bit a slot
 
-    BYTE Reserved[96];
+    BYTE Reserved[20];
     DriverContext* SelfCheckTail;
 };
 static_assert(sizeof(DriverContext) == 960);

@@ -1,6 +1,7 @@
 // The defaults of the device mode record.
 #include "core/device_mode.h"
 
+#include "core/card_terms.h"
 #include "core/text.h"
 #include "core/ui_language.h"
 

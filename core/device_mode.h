@@ -222,23 +222,6 @@ struct DevModeRecord {
     DevModePrivate Private;  // 220
 };
 
-// ---- Card forms -------------------------------------------------------------------------------
-
-struct CardForm {
-    SHORT PaperSize;
-    SHORT Width;   ///< tenths of a millimetre
-    SHORT Length;  ///< tenths of a millimetre
-    const WCHAR* FormName;
-    DWORD MediaType;
-};
-
-/// Form 0 is the one that applications choose by paper size; form 1 is reached only through
-/// CardSizeKind kLongCard.
-inline constexpr CardForm CardFormTable[] = {
-    {560, 544, 859, TEXT("CR-80 Card"), 401},
-    {561, 544, 1441, TEXT("CR-80 Long Card"), 402},
-};
-
 // ---- Defaults ---------------------------------------------------------------------------------
 
 constexpr SHORT kDefaultOrientation = DMORIENT_LANDSCAPE;

@@ -1,6 +1,7 @@
 // Merging, converting and handing out device mode records.
 #include "core/merge.h"
 
+#include "core/card_terms.h"
 #include "core/owners.h"
 
 #include <algorithm>

@@ -3,33 +3,40 @@
 
 namespace {
 
-struct LanguageRow {
-    WORD Primary;
-    WORD Sublanguage;
-    int Index;
+constexpr UiLanguage kLanguages[] = {
+    {LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL, kTraditionalChinese, TEXT("Cht")},
+    {LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED, kSimplifiedChinese, TEXT("Chs")},
+    {LANG_FRENCH, kAnySublanguage, 4, TEXT("Frn")},
+    {LANG_GERMAN, kAnySublanguage, 5, TEXT("Ger")},
+    {LANG_ITALIAN, kAnySublanguage, 6, TEXT("Ita")},
+    {LANG_SPANISH, kAnySublanguage, 7, TEXT("Spn")},
+    {LANG_JAPANESE, kAnySublanguage, kJapanese, TEXT("Jpn")},
+    {LANG_KOREAN, kAnySublanguage, kKorean, TEXT("Krn")},
+    {LANG_PORTUGUESE, kAnySublanguage, 10, TEXT("Prt")},
+    {LANG_RUSSIAN, kAnySublanguage, 11, TEXT("Rus")},
+    {LANG_POLISH, kAnySublanguage, 12, TEXT("Pol")},
+    {LANG_ARABIC, kAnySublanguage, kEnglish, TEXT("Ara")},
+    {LANG_INDONESIAN, kAnySublanguage, kEnglish, TEXT("Ido")},
+    {LANG_FARSI, kAnySublanguage, kEnglish, TEXT("Prs")},
 };
-
-constexpr LanguageRow kLanguages[] = {
-    {LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL, kTraditionalChinese},
-    {LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED, kSimplifiedChinese},
-    {LANG_FRENCH, kAnySublanguage, 4},
-    {LANG_GERMAN, kAnySublanguage, 5},
-    {LANG_ITALIAN, kAnySublanguage, 6},
-    {LANG_SPANISH, kAnySublanguage, 7},
-    {LANG_JAPANESE, kAnySublanguage, kJapanese},
-    {LANG_KOREAN, kAnySublanguage, kKorean},
-    {LANG_PORTUGUESE, kAnySublanguage, 10},
-    {LANG_RUSSIAN, kAnySublanguage, 11},
-    {LANG_POLISH, kAnySublanguage, 12},
-};
+constexpr UiLanguage kEnglishRow = {LANG_ENGLISH, kAnySublanguage, kEnglish, TEXT("Eng")};
 
 }  // namespace
 
-int UiLanguageIndex(LANGID language) {
-    for (const LanguageRow& row : kLanguages) {
+const UiLanguage& UiLanguageOf(LANGID language) {
+    for (const UiLanguage& row : kLanguages) {
         if (IsLanguage(language, row.Primary, row.Sublanguage)) {
-            return row.Index;
+            return row;
         }
     }
-    return 1;
+    return kEnglishRow;
+}
+
+int UiLanguageIndex(LANGID language) {
+    return UiLanguageOf(language).Index;
+}
+
+const WCHAR* HelpSuffixOf(LANGID language) {
+    const UiLanguage& row = UiLanguageOf(language);
+    return row.Index == kEnglish ? kEnglishRow.Suffix : row.Suffix;
 }

@@ -196,7 +196,8 @@ class PaintedPageTest : public CardPreviewTest {
         return color;
     }
     /// The colour of the card at a share of its preview's place.
-    COLORREF OnCard(const CardSide& side, bool portrait, int percentAcross, int percentDown) const {
+    COLORREF OnCard(const SideControls& side, bool portrait, int percentAcross,
+                    int percentDown) const {
         const RECT area = ControlArea(page_, side.Preview);
         RECT card = PlaceOfCard(area, portrait);
         OffsetRect(&card, -area.left, -area.top);
@@ -228,13 +229,13 @@ TEST_F(PaintedPageTest, CardsOnTheirTiles) {
         Paper().dmOrientation = portrait ? DMORIENT_PORTRAIT : DMORIENT_LANDSCAPE;
         Paint();
         // A blank front; the stripe, then white, on the back.
-        EXPECT_EQ(OnCard(kFront, portrait, 50, 50), kWhite);
-        EXPECT_EQ(OnCard(kBack, portrait, portrait ? 19 : 50, portrait ? 50 : 18), kBlack);
-        EXPECT_EQ(OnCard(kBack, portrait, 60, 60), kWhite);
+        EXPECT_EQ(OnCard(kFrontControls, portrait, 50, 50), kWhite);
+        EXPECT_EQ(OnCard(kBackControls, portrait, portrait ? 19 : 50, portrait ? 50 : 18), kBlack);
+        EXPECT_EQ(OnCard(kBackControls, portrait, 60, 60), kWhite);
         // The mark of the back beside the card, and its lack on the front.
         int different = 0;
         for (int i = 8; i < 40; ++i) {
-            different += At(kBack.Preview, i, 26) != At(kFront.Preview, i, 26);
+            different += At(IDC_BACK_PREVIEW, i, 26) != At(IDC_FRONT_PREVIEW, i, 26);
         }
         EXPECT_GT(different, 3) << portrait;
     }
@@ -246,7 +247,7 @@ TEST_F(PaintedPageTest, SidesThatAreNotPrintedShowTheTilesAlone) {
     const auto isTile = [](COLORREF color) {
         return GetRValue(color) > 180 && GetBValue(color) > 200 && color != kWhite;
     };
-    for (const CardSide* side : kCardSides) {
+    for (const SideControls* side : kSideControls) {
         for (int x = 2; x < 150; x += 7) {
             EXPECT_TRUE(isTile(At(side->Preview, x, 75))) << x;
         }
@@ -265,8 +266,8 @@ TEST_F(PaintedPageTest, AModelWithoutBackLeavesItsPreviewAlone) {
          {ModelFlags{.duplex = 0}, ModelFlags{.duplex = 1, .kp41 = 0, .kp43 = 1}}) {
         SetModel(model);
         Paint();
-        EXPECT_EQ(At(kBack.Preview, 20, 20), GetSysColor(COLOR_BTNFACE));
-        EXPECT_NE(At(kFront.Preview, 20, 20), GetSysColor(COLOR_BTNFACE));
+        EXPECT_EQ(At(IDC_BACK_PREVIEW, 20, 20), GetSysColor(COLOR_BTNFACE));
+        EXPECT_NE(At(IDC_FRONT_PREVIEW, 20, 20), GetSysColor(COLOR_BTNFACE));
     }
 }
 

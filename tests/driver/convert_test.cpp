@@ -1,4 +1,5 @@
 // The spooler's conversion requests, in all modes.
+#include "core/card_terms.h"
 #include "core/driver_ui_contract.h"
 #include "driver_test.h"
 

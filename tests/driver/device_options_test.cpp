@@ -86,8 +86,8 @@ TEST_F(DeviceOptionsTest, WhatARecordShows) {
         c.before(Record());
         Open();
         EXPECT_EQ(Options(), c.options);
-        EXPECT_EQ(Looks(kFront), c.front);
-        EXPECT_EQ(Looks(kBack), c.back);
+        EXPECT_EQ(Looks(kFrontControls), c.front);
+        EXPECT_EQ(Looks(kBackControls), c.back);
         EXPECT_EQ(Looks(IDC_K_ONLY_ON_BACK), c.kOnly);
     }
     EXPECT_EQ(TakeChanges(), 0) << "opening is no change";
@@ -222,8 +222,8 @@ TEST_F(DeviceOptionsTest, WhatAChoiceDoes) {
         }
         EXPECT_EQ(TakeChanges(), 1);
         EXPECT_EQ(Options(), c.options);
-        EXPECT_EQ(Looks(kFront), c.front);
-        EXPECT_EQ(Looks(kBack), c.back);
+        EXPECT_EQ(Looks(kFrontControls), c.front);
+        EXPECT_EQ(Looks(kBackControls), c.back);
         EXPECT_EQ(Looks(IDC_K_ONLY_ON_BACK), c.kOnly);
         EXPECT_EQ(Redrawn(), c.redrawn);
     }
@@ -405,18 +405,20 @@ TEST_F(DeviceOptionsTest, ListsAreTranslatedAlsoWhenTheyAreFilledAnew) {
 TEST_F(DeviceOptionsTest, AReplacedRecordIsShown) {
     Record().CardThickness = 0;
     Open();
-    ASSERT_EQ(context_.DeviceOptionsPage, page_);
+    ASSERT_EQ(context_.PageWindows[kDeviceOptionsSlot], page_);
     BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
     Record().PrintSides = 3;
     Record().RibbonType = kRibbonYMCKOK;
     Paper().dmCopies = 7;
-    InitDeviceOptionsPage(context_.DeviceOptionsPage, context_);
+    TakeChanges();
+    FillPage(kDeviceOptionsPage, context_);
+    EXPECT_EQ(TakeChanges(), 0) << "filling a page is no change";
     const std::string refreshed = LooksOfAll();
     Open();
     EXPECT_EQ(refreshed, LooksOfAll());
     EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_COPIES)), "7");
     DestroyWindow(std::exchange(page_, nullptr));
-    EXPECT_EQ(context_.DeviceOptionsPage, nullptr);
+    EXPECT_EQ(context_.PageWindows[kDeviceOptionsSlot], nullptr);
 }
 
 TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidden) {
@@ -429,7 +431,7 @@ TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidd
     EXPECT_EQ(Looks(IDC_FRONT_COLOR), "-");
     EXPECT_EQ(Looks(IDC_FRONT_RESIN), "-");
     EXPECT_EQ(Record().ResinOptions, kFrontBlackByResin);
-    InitDeviceOptionsPage(page_, context_);
+    FillPage(kDeviceOptionsPage, context_);
     EXPECT_NE(Looks(IDC_FRONT_COLOR), "-");
 }
 

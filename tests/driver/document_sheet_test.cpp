@@ -1,7 +1,7 @@
 // The sheet functions as the common property sheet library calls them, without showing anything: a
 // sheet that only notes what it is given stands in for the library.
 #include "core/context.h"
-#include "core/property_sheet.h"
+#include "core/page_table.h"
 #include "driver_test.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"

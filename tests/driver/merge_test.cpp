@@ -1,5 +1,6 @@
 // Merging and copying device mode records of every origin.
 #include "core/merge.h"
+#include "core/card_terms.h"
 #include "driver_test.h"
 
 #include <cstring>

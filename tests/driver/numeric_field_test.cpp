@@ -2,16 +2,32 @@
 #include "ui/common/numeric_field.h"
 
 #include "message_boxes.h"
+#include "numeric_fields.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
 #include "window_test.h"
 
 #include <prsht.h>
 
+#include <algorithm>
 #include <climits>
 
 namespace test {
 namespace {
+
+constexpr TextField kTextFields[] = {
+    {IDC_TRACK_1, ' ', 'z', TEXT("%?`")}, {IDC_TRACK_2, '0', '>', TEXT(";")},
+    {IDC_TRACK_3, '0', '>', TEXT(";")},   {IDC_FILTER_PREFIX, '!', '~'},
+    {IDC_FILTER_SUFFIX, '!', '~'},
+};
+
+template <typename Rows>
+const auto& RowOf(const Rows& rows, int control) {
+    return *std::ranges::find_if(rows, [&](const auto& row) { return row.Control == control; });
+}
+const NumericField& FieldRow(int control) {
+    return RowOf(kNumericFields, control);
+}
 
 class NumericFieldTest : public WindowTest {
   protected:
@@ -28,12 +44,11 @@ class NumericFieldTest : public WindowTest {
 
     /// The field's edit control with a text, and its arrows when it has them.
     HWND Field(int id, const char* text) {
-        const NumericField& field = NumericFieldOf(id);
-        EXPECT_EQ(field.Control, id);
+        const NumericField& field = FieldRow(id);
         HWND edit = Control(TEXT("Edit"), Wide(text).c_str(), ES_AUTOHSCROLL | WS_TABSTOP, id);
         SubclassNumericField(edit, field);
-        if (field.ScrollBar != 0) {
-            HWND arrows = Control(TEXT("ScrollBar"), TEXT(""), SBS_VERT, field.ScrollBar, 140);
+        if (field.Arrows != 0) {
+            HWND arrows = Control(TEXT("ScrollBar"), TEXT(""), SBS_VERT, field.Arrows, 140);
             SetScrollRange(arrows, SB_CTL, field.Minimum, field.Maximum, FALSE);
             SetScrollPos(arrows, SB_CTL, std::atoi(text), FALSE);
         }
@@ -43,9 +58,7 @@ class NumericFieldTest : public WindowTest {
         return edit;
     }
 
-    int Arrows(int id) {
-        return GetScrollPos(GetDlgItem(parent_, NumericFieldOf(id).ScrollBar), SB_CTL);
-    }
+    int Arrows(int id) { return GetScrollPos(GetDlgItem(parent_, FieldRow(id).Arrows), SB_CTL); }
 
     static bool AllSelected(HWND edit) {
         DWORD start = 99;
@@ -110,7 +123,7 @@ TEST_F(NumericFieldTest, UpAndDownStepWithinTheRange) {
         EXPECT_EQ(Shown(), c.shown) << c.before;
         EXPECT_TRUE(AllSelected(edit)) << c.before;
         DestroyWindow(edit);
-        DestroyWindow(GetDlgItem(parent_, NumericFieldOf(c.id).ScrollBar));
+        DestroyWindow(GetDlgItem(parent_, FieldRow(c.id).Arrows));
     }
 }
 
@@ -164,7 +177,7 @@ TEST_F(NumericFieldTest, TextFieldsTakeTheirCharacters) {
     };
     for (const auto& c : cases) {
         HWND edit = Control(TEXT("Edit"), TEXT(""), ES_AUTOHSCROLL, c.id);
-        SubclassTextField(edit, TextFieldOf(c.id));
+        SubclassTextField(edit, RowOf(kTextFields, c.id));
         Type(edit, c.typed);
         EXPECT_EQ(TextOf(edit), c.text) << c.typed;
         DestroyWindow(edit);
@@ -184,24 +197,26 @@ TEST_F(NumericFieldTest, EachFieldGoesBackToItsOwnProcedure) {
 
 TEST_F(NumericFieldTest, ArrowsStepWithinTheRange) {
     HWND edit = Field(IDC_COPIES, "9998");
-    const NumericField& field = NumericFieldOf(IDC_COPIES);
+    const NumericField& field = FieldRow(IDC_COPIES);
     const struct {
         WORD request;
         int value;
-    } steps[] = {{SB_LINEUP, 9999},
-                 {SB_LINEUP, 9999},
-                 {SB_LINEDOWN, 9998},
-                 {SB_PAGEUP, 9998},
-                 {SB_THUMBTRACK, 9998}};
+        bool steps;
+    } steps[] = {{SB_LINEUP, 9999, true},
+                 {SB_LINEUP, 9999, true},
+                 {SB_LINEDOWN, 9998, true},
+                 {SB_PAGEUP, 9998, false},
+                 {SB_THUMBTRACK, 9998, false}};
     for (const auto& s : steps) {
-        EXPECT_EQ(StepField(parent_, field, s.request), s.value);
+        const std::optional<int> stepped = StepField(parent_, field, s.request);
+        EXPECT_EQ(stepped, s.steps ? std::optional(s.value) : std::nullopt) << s.request;
         EXPECT_EQ(TextOf(edit), std::to_string(s.value));
         EXPECT_EQ(Arrows(IDC_COPIES), s.value);
     }
     SetScrollPos(GetDlgItem(parent_, IDC_COPIES_SCROLL), SB_CTL, 1, FALSE);
     EXPECT_EQ(StepField(parent_, field, SB_LINEDOWN), 1);
     SetFocus(parent_);
-    StepField(parent_, field, SB_ENDSCROLL);
+    EXPECT_EQ(StepField(parent_, field, SB_ENDSCROLL), std::nullopt);
     EXPECT_TRUE(AllSelected(edit));
     EXPECT_TRUE(Shown().empty());
 }
@@ -290,6 +305,8 @@ TEST_F(NumericFieldTest, Hundredths) {
         {"-", 0},
         {"0.05", 5},
         {"99999999999", INT_MAX},
+        {"!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!.99999999999999999999999999", INT_MIN},
+        {"!!!!!!!!!!!!!!!!!!!!!!!!!!!!!!999999999999999999999999999.", INT_MIN},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(ParseHundredths(Wide(c.text).c_str()), c.value) << c.text;

@@ -2,7 +2,7 @@
 #include "ui/common/page.h"
 #include "core/context.h"
 #include "core/driver_ui_contract.h"
-#include "core/property_sheet.h"
+#include "core/page_table.h"
 #include "sheet_test.h"
 #include "ui/common/language.h"
 #include "ui/common/tooltip.h"

@@ -110,7 +110,7 @@ std::string OptionsPageTest::Looks(int control) const {
     return (IsWindowEnabled(window) ? "" : "~") + looks;
 }
 
-std::string OptionsPageTest::Looks(const CardSide& side) const {
+std::string OptionsPageTest::Looks(const SideControls& side) const {
     return Looks(side.Image) + " " + Looks(side.Rotate) + " " + Looks(side.Flip) + " " +
            Looks(side.Color) + " " + Looks(side.Resin);
 }

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/context.h"
-#include "ui/pages/device_options/card_side.h"
+#include "ui/pages/device_options/option_controls.h"
 #include "window_test.h"
 
 namespace test {
@@ -34,7 +34,7 @@ class OptionsPageTest : public WindowTest {
     /// selected text and the number of items for a list.
     std::string Looks(int control) const;
     /// The side's image, rotate, flip and colour boxes and its resin list.
-    std::string Looks(const CardSide& side) const;
+    std::string Looks(const SideControls& side) const;
     /// Every control's looks, a line each.
     std::string LooksOfAll() const;
     /// The page's fields of the record.

@@ -1,6 +1,6 @@
 // kpdtool sheet: the document sheet, opened as an application does and used as a script says.
 #include "commands.h"
-#include "core/property_sheet.h"
+#include "core/page_table.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
 #include "tools/kpdtool/records/differences.h"

@@ -2,19 +2,12 @@
 #include "ui/common/help.h"
 
 #include "core/ui_language.h"
+#include "ui/common/driver_files.h"
 #include "ui/common/language.h"
 
-#include <shellapi.h>
 #include <strsafe.h>
 
 namespace {
-
-// By UiLanguageIndex - 1.
-constexpr const WCHAR* kHelpPrefixes[] = {
-    TEXT("\\MvEng"), TEXT("\\MvCht"), TEXT("\\MvChs"), TEXT("\\MvFrn"),
-    TEXT("\\MvGer"), TEXT("\\MvIta"), TEXT("\\MvSpn"), TEXT("\\MvJpn"),
-    TEXT("\\MvKrn"), TEXT("\\MvPrt"), TEXT("\\MvRus"), TEXT("\\MvPol"),
-};
 
 struct HelpFile {
     BYTE ModelCode;
@@ -64,32 +57,19 @@ const WCHAR* VariantOf(const ManualFiles& files, LANGID language) {
     return IsLanguage(language, LANG_CHINESE, kAnySublanguage) ? files.Traditional : files.English;
 }
 
-// `file` begins with a backslash.
-void OpenInDriverDirectory(const WCHAR* file) {
-    WCHAR system[MAX_PATH] = {};
-    WCHAR path[2 * MAX_PATH];
-    GetSystemDirectoryW(system, MAX_PATH);
-    StringCchPrintfW(path, 2 * MAX_PATH, TEXT("%s\\spool\\drivers\\x64\\3%s"), system, file);
-    ShellExecuteW(nullptr, TEXT("open"), path, nullptr, nullptr, SW_SHOWNORMAL);
-}
-
 }  // namespace
 
 void HelpFileName(WCHAR* name, BYTE modelCode) {
-    StringCchPrintfW(name, kTextLength, TEXT("%s%s"),
-                     kHelpPrefixes[UiLanguageIndex(GetUserDefaultUILanguage()) - 1],
+    StringCchPrintfW(name, kTextLength, TEXT("\\Mv%s%s"), HelpSuffixOf(GetUserDefaultUILanguage()),
                      HelpFileOf(modelCode));
 }
 
 void OpenHelpFile(BYTE modelCode) {
     WCHAR name[kTextLength];
     HelpFileName(name, modelCode);
-    OpenInDriverDirectory(name);
+    OpenDriverFile(name + 1);  // behind the backslash
 }
 
 void OpenManual(Manual manual) {
-    WCHAR name[kTextLength];
-    StringCchPrintfW(name, kTextLength, TEXT("\\%s"),
-                     VariantOf(kManuals[static_cast<int>(manual)], GetUserDefaultUILanguage()));
-    OpenInDriverDirectory(name);
+    OpenDriverFile(VariantOf(kManuals[static_cast<int>(manual)], GetUserDefaultUILanguage()));
 }

@@ -1,7 +1,9 @@
 // The choice of the language file and the lookups in it.
 #include "ui/common/language.h"
 
+#include "core/text.h"
 #include "core/ui_language.h"
+#include "ui/common/driver_files.h"
 
 #include <strsafe.h>
 
@@ -10,49 +12,13 @@
 WCHAR LanguageFilePath[kTextLength];
 WCHAR CurrentSection[kTextLength];
 
-namespace {
-
-struct LanguageFile {
-    WORD Primary;
-    WORD Sublanguage;
-    const WCHAR* Stem;
-};
-
-constexpr LanguageFile kLanguageFiles[] = {
-    {LANG_ARABIC, kAnySublanguage, TEXT("\\3\\mvAra")},
-    {LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL, TEXT("\\3\\mvCht")},
-    {LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED, TEXT("\\3\\mvChs")},
-    {LANG_GERMAN, kAnySublanguage, TEXT("\\3\\mvGer")},
-    {LANG_SPANISH, kAnySublanguage, TEXT("\\3\\mvSpn")},
-    {LANG_FRENCH, kAnySublanguage, TEXT("\\3\\mvFrn")},
-    {LANG_ITALIAN, kAnySublanguage, TEXT("\\3\\mvIta")},
-    {LANG_JAPANESE, kAnySublanguage, TEXT("\\3\\mvJpn")},
-    {LANG_KOREAN, kAnySublanguage, TEXT("\\3\\mvKrn")},
-    {LANG_POLISH, kAnySublanguage, TEXT("\\3\\mvPol")},
-    {LANG_PORTUGUESE, kAnySublanguage, TEXT("\\3\\mvPrt")},
-    {LANG_RUSSIAN, kAnySublanguage, TEXT("\\3\\mvRus")},
-    {LANG_INDONESIAN, kAnySublanguage, TEXT("\\3\\mvIdo")},
-    {LANG_FARSI, kAnySublanguage, TEXT("\\3\\mvPrs")},
-};
-
-const WCHAR* StemOf(LANGID language) {
-    for (const LanguageFile& file : kLanguageFiles) {
-        if (IsLanguage(language, file.Primary, file.Sublanguage)) {
-            return file.Stem;
-        }
-    }
-    return TEXT("\\3\\mvEng");
-}
-
-}  // namespace
-
 void InitLanguageFile() {
     std::memset(LanguageFilePath, 0, sizeof(LanguageFilePath));
     std::memset(CurrentSection, 0, sizeof(CurrentSection));
     WCHAR system[kTextLength] = {};
     GetSystemDirectoryW(system, 256);
-    StringCchPrintfW(LanguageFilePath, kTextLength, TEXT("%s\\spool\\drivers\\x64%skpd.ini"),
-                     system, StemOf(GetUserDefaultUILanguage()));
+    StringCchPrintfW(LanguageFilePath, kTextLength, TEXT("%s%s\\mv%skpd.ini"), system,
+                     kDriverDirectory, UiLanguageOf(GetUserDefaultUILanguage()).Suffix);
 }
 
 int SetSection(const WCHAR* name) {
@@ -66,6 +32,12 @@ int SetSection(const WCHAR* name) {
 
 void LookupString(const WCHAR* key, WCHAR* text) {
     GetPrivateProfileStringW(CurrentSection, key, key, text, kTextLength, LanguageFilePath);
+    // The platform gives a default back without its trailing blanks.
+    const WideView asked(key);
+    const WideView found(text);
+    if (asked.starts_with(found) && asked.find_first_not_of(' ', found.size()) == WideView::npos) {
+        StringCchCopyW(text, kTextLength, key);
+    }
 }
 
 void ShowErrorMessage(const WCHAR* key) {

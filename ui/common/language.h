@@ -9,6 +9,21 @@
 /// Characters of every text buffer here, terminator included.
 constexpr DWORD kTextLength = 260;
 
+/// The file's sections, one a page, and one for messages of numeric fields. A page's title is in
+/// its section, the Rewrite page's other texts in two.
+inline constexpr const WCHAR* kDeviceOptionSection = TEXT("DeviceOption");
+inline constexpr const WCHAR* kPrintingAreaSection = TEXT("PrintingArea");
+inline constexpr const WCHAR* kColorSection = TEXT("Color");
+inline constexpr const WCHAR* kToolsSection = TEXT("Tools");
+inline constexpr const WCHAR* kHeatEnergySection = TEXT("HeatEnergy");
+inline constexpr const WCHAR* kMagneticEncodingSection = TEXT("MagneticEncoding");
+inline constexpr const WCHAR* kImportExportSection = TEXT("Import/Export");
+inline constexpr const WCHAR* kLaminationSection = TEXT("Lamination");
+inline constexpr const WCHAR* kRewriteSection = TEXT("Rewrite");
+inline constexpr const WCHAR* kRewritableSection = TEXT("Rewritable");
+inline constexpr const WCHAR* kAboutSection = TEXT("About");
+inline constexpr const WCHAR* kSettingSection = TEXT("Setting");
+
 // Process-wide and unlocked: every sheet of a process shares them, which is why a page sets its
 // section before each burst of lookups.
 extern WCHAR LanguageFilePath[kTextLength];

@@ -3,8 +3,6 @@
 
 #include "ui/common/language.h"
 
-HINSTANCE ModuleHandle;
-
 BOOL WINAPI DllInitialize(HINSTANCE module, DWORD reason, LPVOID reserved) {
     DllMainCRTStartup(module, reason, reserved);
     if (reason == DLL_PROCESS_ATTACH) {

@@ -1,10 +1,7 @@
-// The loaded library itself.
+// The library's image entry.
 #pragma once
 
-#include <windows.h>
-
-/// This library's own handle: the owner of its dialogs and other resources.
-extern HINSTANCE ModuleHandle;
+#include "core/module.h"
 
 extern "C" {
 

@@ -1,8 +1,7 @@
-// The numeric fields: their table, their edit procedure and their validations.
+// Numeric fields: their edit procedure, their arrows and their validations.
 #include "ui/common/numeric_field.h"
 
 #include "core/text.h"
-#include "resources/resource.h"
 #include "ui/common/language.h"
 #include "ui/common/page.h"
 
@@ -12,68 +11,28 @@
 
 namespace {
 
-constexpr const WCHAR* kCopiesRange = TEXT("Press up and down button to adjust copies (1-9999).");
-constexpr const WCHAR* kIntegerRange = TEXT("Enter from %d - %d .");
-constexpr const WCHAR* kGammaRange = TEXT("Enter from 0.10 - 9.99 .");
-
-constexpr const WCHAR* kSetting = TEXT("Setting");
-constexpr const WCHAR* kTools = TEXT("Tools");
-constexpr const WCHAR* kDeviceOption = TEXT("DeviceOption");
-constexpr const WCHAR* kMagnetic = TEXT("MagneticEncoding");
-constexpr const WCHAR* kLamination = TEXT("Lamination");
-
-constexpr NumberKind kInteger = NumberKind::kInteger;
-constexpr NumberKind kHundredths = NumberKind::kHundredths;
-constexpr int kHundredthsMinimum = 10;
-constexpr int kHundredthsMaximum = 999;
-
-// clang-format off
-constexpr NumericField kNumericFields[] = {
-    // control, arrows, kind, range, extra character, key's message and section, validation, steps
-    {IDC_COPIES, IDC_COPIES_SCROLL, kInteger, 1, 9999, 0, kCopiesRange, kDeviceOption, kTools, false},
-    {IDC_BRIGHTNESS, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_CONTRAST, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_SATURATION, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_CYAN, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_MAGENTA, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_YELLOW, 0, kInteger, -100, 100, '-', kIntegerRange, kSetting, kSetting, false},
-    {IDC_SHARPNESS, 0, kInteger, 0, 100, 0, kIntegerRange, kSetting, kSetting, false},
-    {IDC_GAMMA, 0, kHundredths, kHundredthsMinimum, kHundredthsMaximum, '.', kGammaRange, kSetting, kSetting, false},
-    {IDC_POSITION_A, IDC_POSITION_A_SCROLL, kInteger, -10, 10, '-', kIntegerRange, kTools, kSetting, true},
-    {IDC_POSITION_B, IDC_POSITION_B_SCROLL, kInteger, -20, 20, '-', kIntegerRange, kTools, kSetting, true},
-    {IDC_POSITION_C, IDC_POSITION_C_SCROLL, kInteger, -10, 10, '-', kIntegerRange, kTools, kSetting, true},
-    {IDC_RETRY_CARDS, IDC_RETRY_CARDS_SCROLL, kInteger, 0, 10, 0, kIntegerRange, kMagnetic, kTools, false},
-    {IDC_RETRY_TIMES, IDC_RETRY_TIMES_SCROLL, kInteger, 0, 10, 0, kIntegerRange, kMagnetic, kTools, false},
-    {IDC_START_RECORD, IDC_START_RECORD_SCROLL, kInteger, 1, 2147483647, 0, kIntegerRange, kMagnetic, kTools, false},
-    {IDC_LAMINATION_A, IDC_LAMINATION_A_SCROLL, kInteger, -15, 15, '-', kIntegerRange, kLamination, kSetting, false},
-    {IDC_LAMINATION_B, IDC_LAMINATION_B_SCROLL, kInteger, -15, 15, '-', kIntegerRange, kLamination, kSetting, false},
-};
-// clang-format on
-
-constexpr TextField kTextFields[] = {
-    {IDC_TRACK_1, ' ', 'z', TEXT("%?`")},    {IDC_TRACK_2, '0', '>', TEXT(";")},
-    {IDC_TRACK_3, '0', '>', TEXT(";")},      {IDC_FILTER_PREFIX, '!', '~', TEXT("")},
-    {IDC_FILTER_SUFFIX, '!', '~', TEXT("")},
-};
-
 // ---- Numbers ----------------------------------------------------------------------------------
 
-constexpr LONGLONG kBeyondAnyRange = LONGLONG{1} << 40;
+// Appends a digit (any character may stand there) and stays within limits that no field reaches.
+LONGLONG TimesTenPlus(LONGLONG value, int digit) {
+    constexpr LONGLONG kBeyondAnyRange = LONGLONG{1} << 40;
+    return std::clamp(value * 10 + digit, -kBeyondAnyRange, kBeyondAnyRange);
+}
 
-// Digits to a number, a point skipped. Ends at a limit that no field's range reaches.
+// Digits to a number, a point skipped.
 LONGLONG ReadDigits(WideView digits) {
     LONGLONG value = 0;
     for (WCHAR c : digits) {
         if (c != '.') {
-            value = std::clamp(value * 10 + (c - '0'), -kBeyondAnyRange, kBeyondAnyRange);
+            value = TimesTenPlus(value, c - '0');
         }
     }
     return value;
 }
 
 LONGLONG TimesTen(LONGLONG value, size_t times) {
-    for (; times > 0 && value < kBeyondAnyRange; --times) {
-        value *= 10;
+    for (; times > 0; --times) {
+        value = TimesTenPlus(value, 0);
     }
     return value;
 }
@@ -114,7 +73,7 @@ LONG ToLong(LONGLONG value) {
 }
 
 void FormatNumber(const NumericField& field, int value, WCHAR* text) {
-    if (field.Kind == kHundredths) {
+    if (field.Kind == NumberKind::kHundredths) {
         FormatHundredths(value, text);
     } else {
         StringCchPrintfW(text, kNumberLength, TEXT("%d"), value);
@@ -127,8 +86,15 @@ void SelectAll(HWND edit) {
     SendMessageW(edit, EM_SETSEL, 0, -1);
 }
 
+// By way of the dialog, which takes the focus as a plain window meanwhile: its dialog manager would
+// hand it to the control that had it once, and an unchecked radio button that gets the focus tells
+// that it was clicked.
 void ReturnToField(HWND edit) {
-    SetFocus(GetParent(edit));
+    HWND dialog = GetParent(edit);
+    const LONG_PTR procedure =
+        SetWindowLongPtrW(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(DefWindowProcW));
+    SetFocus(dialog);
+    SetWindowLongPtrW(dialog, GWLP_WNDPROC, procedure);
     SetFocus(edit);
     SelectAll(edit);
 }
@@ -149,12 +115,12 @@ WideView TextOf(HWND edit, WCHAR (&text)[kNumberLength]) {
 }
 
 LONGLONG CurrentValue(HWND edit, const NumericField& field) {
-    if (field.StepsScrollBar) {
-        return GetScrollPos(GetDlgItem(GetParent(edit), field.ScrollBar), SB_CTL);
+    if (field.StepsArrows) {
+        return GetScrollPos(GetDlgItem(GetParent(edit), field.Arrows), SB_CTL);
     }
     WCHAR text[kNumberLength];
-    return field.Kind == kHundredths ? ReadHundredths(TextOf(edit, text))
-                                     : ReadInteger(TextOf(edit, text));
+    return field.Kind == NumberKind::kHundredths ? ReadHundredths(TextOf(edit, text))
+                                                 : ReadInteger(TextOf(edit, text));
 }
 
 void ShowValue(HWND edit, const NumericField& field, int value) {
@@ -172,8 +138,8 @@ void StepByKey(HWND edit, const NumericField& field, int step) {
         ReturnToField(edit);
         return;
     }
-    if (field.StepsScrollBar) {
-        SetScrollPos(GetDlgItem(GetParent(edit), field.ScrollBar), SB_CTL, value, TRUE);
+    if (field.StepsArrows) {
+        SetScrollPos(GetDlgItem(GetParent(edit), field.Arrows), SB_CTL, value, TRUE);
     }
     SelectAll(edit);
 }
@@ -239,26 +205,12 @@ int RefuseHundredths(HWND edit, int previous) {
     WCHAR text[kNumberLength];
     FormatHundredths(previous, text);
     SetWindowTextW(edit, text);
-    ShowFormatted(kSetting, kIllegalHundredths, 0, 0);
+    ShowFormatted(kSettingSection, kIllegalHundredths, 0, 0);
     ReturnToField(edit);
     return previous;
 }
 
 }  // namespace
-
-std::span<const NumericField> NumericFields() {
-    return kNumericFields;
-}
-
-const NumericField& NumericFieldOf(int control) {
-    return *std::find_if(std::begin(kNumericFields), std::end(kNumericFields) - 1,
-                         [&](const NumericField& field) { return field.Control == control; });
-}
-
-const TextField& TextFieldOf(int control) {
-    return *std::find_if(std::begin(kTextFields), std::end(kTextFields) - 1,
-                         [&](const TextField& field) { return field.Control == control; });
-}
 
 void SubclassNumericField(HWND edit, const NumericField& field) {
     Subclass(edit, &field, NumericEditProc);
@@ -268,23 +220,25 @@ void SubclassTextField(HWND edit, const TextField& field) {
     Subclass(edit, &field, TextEditProc);
 }
 
-int StepField(HWND dialog, const NumericField& field, WORD request) {
-    HWND arrows = GetDlgItem(dialog, field.ScrollBar);
+std::optional<int> StepField(HWND dialog, const NumericField& field, WORD request) {
+    HWND arrows = GetDlgItem(dialog, field.Arrows);
     HWND edit = GetDlgItem(dialog, field.Control);
-    int value = GetScrollPos(arrows, SB_CTL);
     if (request == SB_ENDSCROLL) {
         SetFocus(edit);
         SelectAll(edit);
-    } else if (request == SB_LINEUP || request == SB_LINEDOWN) {
-        if (request == SB_LINEUP && value < field.Maximum) {
-            ++value;
-        } else if (request == SB_LINEDOWN && value > field.Minimum) {
-            --value;
-        }
-        ShowValue(edit, field, value);
-        SetScrollPos(arrows, SB_CTL, value, TRUE);
-        TellSheetChanged(dialog);
     }
+    if (request != SB_LINEUP && request != SB_LINEDOWN) {
+        return {};
+    }
+    int value = GetScrollPos(arrows, SB_CTL);
+    if (request == SB_LINEUP && value < field.Maximum) {
+        ++value;
+    } else if (request == SB_LINEDOWN && value > field.Minimum) {
+        --value;
+    }
+    ShowValue(edit, field, value);
+    SetScrollPos(arrows, SB_CTL, value, TRUE);
+    TellSheetChanged(dialog);
     return value;
 }
 
@@ -303,6 +257,11 @@ int ValidateIntField(HWND dialog, int control, int minimum, int maximum, int pre
     ShowFormatted(section, kIllegalInteger, minimum, maximum);
     ReturnToField(edit);
     return previous;
+}
+
+int ValidateIntField(HWND dialog, const NumericField& field, int previous) {
+    return ValidateIntField(dialog, field.Control, field.Minimum, field.Maximum, previous,
+                            field.ValidationSection);
 }
 
 int ValidateHundredthsWhileTyping(HWND dialog, int control, int previous) {

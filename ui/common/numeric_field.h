@@ -6,39 +6,40 @@
 
 #include <windows.h>
 
-#include <span>
+#include <optional>
 
 enum class NumberKind {
     kInteger,
     kHundredths,  ///< held as hundredths, shown with two decimals
 };
 
+/// A row stands with the page that has the field, for as long as the field's control lives.
 struct NumericField {
     int Control;
-    int ScrollBar;  ///< the arrows beside the field; 0 when there are none
-    NumberKind Kind;
+    int Arrows = 0;  ///< the scroll bar beside the field; 0 when there is none
+    NumberKind Kind = NumberKind::kInteger;
     int Minimum;
     int Maximum;
-    WCHAR Extra;                ///< a character that may be typed beside digits; 0 for none
+    WCHAR Extra = 0;            ///< a character that may be typed beside digits; 0 for none
     const WCHAR* RangeMessage;  ///< for a step out of the range, which it may name with two %d
     const WCHAR* RangeSection;
     const WCHAR* ValidationSection;
-    bool StepsScrollBar;  ///< a key steps from the arrows' position and moves it along
+    bool StepsArrows = false;  ///< a key steps from the arrows' position and moves it along
 };
+
+/// The usual RangeMessage.
+inline constexpr const WCHAR* kIntegerRange = TEXT("Enter from %d - %d .");
+
+/// The range of every field of hundredths.
+constexpr int kHundredthsMinimum = 10;
+constexpr int kHundredthsMaximum = 999;
 
 struct TextField {
     int Control;
     WCHAR First;  ///< the accepted characters, beside backspace
     WCHAR Last;
-    const WCHAR* Except;
+    const WCHAR* Except = TEXT("");
 };
-
-/// Every numeric field of the driver's pages.
-std::span<const NumericField> NumericFields();
-
-/// The row of a control, which must have one.
-const NumericField& NumericFieldOf(int control);
-const TextField& TextFieldOf(int control);
 
 /// Puts the field's own procedure before that of the edit control, until the control is destroyed.
 /// The field must outlive it.
@@ -47,13 +48,14 @@ void SubclassTextField(HWND edit, const TextField& field);
 
 /// Answers WM_VSCROLL of the field's arrows: a line up or down steps the arrows' position within
 /// the range, shows it in the field and tells the sheet; the end of scrolling puts the user into
-/// the field. Gives the position that the arrows then have.
-int StepField(HWND dialog, const NumericField& field, WORD request);
+/// the field. Gives the number stepped to, none when this was no step.
+std::optional<int> StepField(HWND dialog, const NumericField& field, WORD request);
 
 /// Gives the number in the control when it is legal (an empty text and a lone "-" are 0); otherwise
 /// writes `previous` back, says why in `section`, and gives `previous`.
 int ValidateIntField(HWND dialog, int control, int minimum, int maximum, int previous,
                      const WCHAR* section);
+int ValidateIntField(HWND dialog, const NumericField& field, int previous);
 
 /// What the validations say: about an integer with its range, about hundredths.
 constexpr const WCHAR* kIllegalInteger =

@@ -1,6 +1,6 @@
 // Which help file or manual is opened, by language, model and page. A real computer would open it.
 #include "ui/common/help.h"
-#include "core/property_sheet.h"
+#include "core/page_table.h"
 #include "platform/host.h"
 #include "sheet_test.h"
 #include "ui/common/page.h"

@@ -1,8 +1,9 @@
 // The delivered language files against what the driver looks up: every text that the pages ask for
 // when they open (the stand-in notes each lookup), and those that are shown only on occasion.
-#include "core/property_sheet.h"
+#include "core/page_table.h"
 #include "core/text.h"
 #include "platform/host.h"
+#include "numeric_fields.h"
 #include "sheet_test.h"
 #include "tools/kpdtool/kpdtool.h"
 #include "ui/common/language.h"
@@ -101,7 +102,7 @@ class LanguagesTest : public SheetTest {
     /// What the numeric fields can say.
     static std::set<Key> FieldMessages() {
         std::set<Key> keys;
-        for (const NumericField& field : NumericFields()) {
+        for (const NumericField& field : kNumericFields) {
             Add(keys, field.RangeSection, field.RangeMessage, field.Minimum, field.Maximum);
             Add(keys, field.ValidationSection,
                 field.Kind == NumberKind::kHundredths ? kIllegalHundredths : kIllegalInteger,

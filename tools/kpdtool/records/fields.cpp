@@ -1,10 +1,77 @@
 // The table of fields.
 #include "fields.h"
 
+#include "core/card_terms.h"
+#include "core/text.h"
+
+#include <algorithm>
 #include <bit>
 
 namespace kpdtool {
 namespace {
+
+// ---- The driver's own terms, as the tool prints them ------------------------------------------
+
+// Plain ASCII, in the tool's own characters.
+template <size_t N>
+struct Terms {
+    struct Term {
+        DWORD code = 0;
+        char text[32] = {};
+    };
+    Term terms[N];
+};
+
+template <typename Row, size_t N, typename Code, typename Text>
+consteval Terms<N> TermsOf(const Row (&rows)[N], Code code, Text text) {
+    Terms<N> result = {};
+    for (size_t i = 0; i < N; ++i) {
+        result.terms[i].code = code(rows, i);
+        std::ranges::copy(WideView(text(rows[i])), result.terms[i].text);
+    }
+    std::ranges::sort(result.terms, {}, &Terms<N>::Term::code);
+    return result;
+}
+
+// With names of the tool before them.
+template <size_t N, size_t Extra = 0>
+struct NamesOfTerms {
+    Name names[N + Extra];
+    constexpr operator std::span<const Name>() const { return names; }
+};
+template <size_t N, typename... First>
+consteval NamesOfTerms<N, sizeof...(First)> NamesOf(const Terms<N>& terms, First... first) {
+    NamesOfTerms<N, sizeof...(First)> result = {{first...}};
+    for (size_t i = 0; i < N; ++i) {
+        result.names[sizeof...(First) + i] = {terms.terms[i].code, terms.terms[i].text};
+    }
+    return result;
+}
+
+constexpr auto kByIndex = [](const auto&, size_t index) { return static_cast<DWORD>(index); };
+constexpr auto kItself = [](const WCHAR* text) { return text; };
+constexpr auto kFormName = [](const CardForm& form) { return form.FormName; };
+
+constexpr auto kThicknessTerms = TermsOf(kThicknesses, kByIndex, kItself);
+constexpr auto kCardTerms = TermsOf(kCardTypes, kByIndex, kItself);
+constexpr auto kRibbonTerms = TermsOf(
+    kRibbons, [](const auto& rows, size_t index) { return DWORD{rows[index].Code}; },
+    [](const RibbonTerm& row) { return row.Name; });
+constexpr auto kPaperTerms = TermsOf(
+    CardFormTable,
+    [](const auto& forms, size_t index) { return static_cast<DWORD>(forms[index].PaperSize); },
+    kFormName);
+constexpr auto kMediaTerms = TermsOf(
+    CardFormTable, [](const auto& forms, size_t index) { return forms[index].MediaType; },
+    kFormName);
+
+constexpr auto kThicknessNames = NamesOf(kThicknessTerms);
+constexpr auto kCardNames = NamesOf(kCardTerms);
+constexpr auto kRibbonNames = NamesOf(kRibbonTerms);
+constexpr auto kPaperNames = NamesOf(kPaperTerms, Name{0, "by dimensions"});
+constexpr auto kMediaNames = NamesOf(kMediaTerms, Name{0, "by dimensions"});
+
+// ---- The tool's own ---------------------------------------------------------------------------
 
 constexpr Name kOffOn[] = {{0, "off"}, {1, "on"}};
 constexpr Name kSides[] = {{kFrontSide, "front"}, {kBackSide, "back"}};
@@ -43,8 +110,6 @@ constexpr Name kPublicFields[] = {
 };
 constexpr Name kOrientations[] = {{DMORIENT_PORTRAIT, "portrait"},
                                   {DMORIENT_LANDSCAPE, "landscape"}};
-constexpr Name kPaperSizes[] = {
-    {0, "by dimensions"}, {560, "CR-80 Card"}, {561, "CR-80 Long Card"}};
 constexpr Name kSources[] = {{DMBIN_AUTO, "automatic"}};
 constexpr Name kColors[] = {{DMCOLOR_MONOCHROME, "monochrome"}, {DMCOLOR_COLOR, "colour"}};
 constexpr Name kDuplex[] = {
@@ -55,8 +120,6 @@ constexpr Name kIcmMethods[] = {
     {1, "none"}, {2, "by the system"}, {3, "by the driver"}, {4, "by the device"}};
 constexpr Name kIcmIntents[] = {
     {1, "saturation"}, {2, "contrast"}, {3, "colorimetric"}, {4, "absolute colorimetric"}};
-constexpr Name kMediaTypes[] = {
-    {0, "by dimensions"}, {401, "CR-80 Card"}, {402, "CR-80 Long Card"}};
 constexpr Name kDithers[] = {{1, "none"},     {2, "coarse"},          {3, "fine"},
                              {4, "line art"}, {5, "error diffusion"}, {10, "greyscale"}};
 
@@ -65,25 +128,9 @@ constexpr Name kColorStyles[] = {{0, "classic colour"}, {1, "basic colour"}};
 constexpr Name kCardSizeKinds[] = {{kCardByPaperSize, "by paper size"},
                                    {kCardByDimensions, "CR-80 Card by dimensions"},
                                    {kLongCard, "CR-80 Long Card by dimensions"}};
-constexpr Name kThicknesses[] = {{kThickness03, "0.3 mm"},
-                                 {kThickness05, "0.5 mm"},
-                                 {kThickness08, "0.8 mm"},
-                                 {kThickness10, "1.0 mm"}};
 constexpr Name kColorPreferences[] = {{kPrinterColor, "printer's own colour"},
                                       {kWindowsColor, "Windows colour management"},
                                       {kNoColorPreference, "no preference"}};
-constexpr Name kRibbons[] = {{kRibbonYMCKO, "YMCKO"},
-                             {kRibbonK, "K"},
-                             {kRibbonKO, "KO"},
-                             {kRibbonYMCKOK, "YMCKOK"},
-                             {kRibbonHalfYMCKO, "1/2 YMCKO"},
-                             {kRibbonYMCKFO, "YMCKFO"}};
-constexpr Name kCards[] = {{kBlankCard, "Blank Card"},
-                           {k6PinChipCard, "6-pin Smart Chip Card"},
-                           {k8PinChipCard, "8-pin Smart Chip Card"},
-                           {kMagneticStripeCard, "Magnetic Stripe Card"},
-                           {kChipMagneticCard, "Chip/Magnetic Card"},
-                           {kAdhesiveCard, "Adhesive Card"}};
 constexpr Name kResinOptions[] = {{kFrontBlackByResin, "front black by resin K"},
                                   {kBackBlackByResin, "back black by resin K"},
                                   {kFrontResinDither, "front resin dither"},
@@ -156,7 +203,7 @@ constexpr Field kFields[] = {
     PUBLIC(dmDriverExtra).Is("bytes of the private part"),
     PUBLIC(dmFields).Bits(kPublicFields).Is("public fields that count"),
     PUBLIC(dmOrientation).Under(DM_ORIENTATION).OneOf(kOrientations),
-    PUBLIC(dmPaperSize).Under(DM_PAPERSIZE).OneOf(kPaperSizes).Is("card form"),
+    PUBLIC(dmPaperSize).Under(DM_PAPERSIZE).OneOf(kPaperNames).Is("card form"),
     PUBLIC(dmPaperLength).Under(DM_PAPERLENGTH).Is("tenths of a millimetre"),
     PUBLIC(dmPaperWidth).Under(DM_PAPERWIDTH).Is("tenths of a millimetre"),
     PUBLIC(dmScale).Under(DM_SCALE).In(1, kMaxScale).Is("per cent"),
@@ -177,7 +224,7 @@ constexpr Field kFields[] = {
     PUBLIC(dmDisplayFrequency),
     PUBLIC(dmICMMethod).Under(DM_ICMMETHOD).Named(kIcmMethods).Is("colour management"),
     PUBLIC(dmICMIntent).Under(DM_ICMINTENT).Named(kIcmIntents).Is("colour matching"),
-    PUBLIC(dmMediaType).Under(DM_MEDIATYPE).Named(kMediaTypes).Is("card form"),
+    PUBLIC(dmMediaType).Under(DM_MEDIATYPE).Named(kMediaNames).Is("card form"),
     PUBLIC(dmDitherType).Under(DM_DITHERTYPE).Named(kDithers).Is("dithering"),
     PUBLIC(dmReserved1),
     PUBLIC(dmReserved2),
@@ -204,7 +251,7 @@ constexpr Field kFields[] = {
     PRIVATE(Yellow).In(-100, 100),
     PRIVATE(Saturation).In(-100, 100),
     PRIVATE(ColorReserved).Is("ends the colour block"),
-    PRIVATE(CardThickness).OneOf(kThicknesses).Is("also indexes the energy tables"),
+    PRIVATE(CardThickness).OneOf(kThicknessNames).Is("also indexes the energy tables"),
     PRIVATE(PrintPositionC).Is("print position adjuster, C"),
     PRIVATE(PrintPositionA).Is("print position adjuster, A"),
     PRIVATE(PrintPositionB).Is("print position adjuster, B"),
@@ -216,9 +263,12 @@ constexpr Field kFields[] = {
     PRIVATE(ColorPreference).OneOf(kColorPreferences).Is("a merge makes any other value 0"),
     PRIVATE(Reserved103).In(0, 1).Is("a merge makes any other value 0"),
     PRIVATE(Reserved104),
-    PRIVATE(RibbonType).In(0, kMaxRibbonType).Named(kRibbons).Is("a merge makes any other value 0"),
+    PRIVATE(RibbonType)
+        .In(0, kMaxRibbonType)
+        .Named(kRibbonNames)
+        .Is("a merge makes any other value 0"),
     PRIVATE(Reserved106),
-    PRIVATE(CardType).OneOf(kCards),
+    PRIVATE(CardType).OneOf(kCardNames),
     PRIVATE(PrintSides).Bits(kSides).Is("sides that are printed"),
     PRIVATE(ColorSides).Bits(kSides).Is("sides printed in colour"),
     PRIVATE(ResinOptions).Bits(kResinOptions),

@@ -1,7 +1,6 @@
 // The About page: the versions of driver and firmware.
 #pragma once
 
-#include <windows.h>
+#include "ui/common/page.h"
 
-/// The page's dialog procedure; the page record's lParam is the DriverContext.
-INT_PTR CALLBACK AboutPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+extern const Page kAboutPage;

@@ -249,37 +249,31 @@ void CorrectCardOptions(DriverContext& context) {
     record.SkipBlankPage = record.SkipBlankPage != 0;
 }
 
-bool ChooseRibbon(DriverContext& context, const CardSide&, int choice) {
+void ChooseRibbon(DriverContext& context, int index) {
     DevModePrivate& record = context.WorkingDevMode.Private;
-    record.RibbonType = kRibbons[InRangeOrFirst(choice, std::size(kRibbons))].Code;
+    record.RibbonType = kRibbons[InRangeOrFirst(index, std::size(kRibbons))].Code;
     record.KOnlyOnBack = 0;
     if (IsColorRibbon(record.RibbonType)) {
         ResetForColorRibbon(context);
     } else if (IsResinRibbon(record.RibbonType)) {
         ResetForResinRibbon(record);
     }
-    return true;
 }
 
-bool ChooseCardType(DriverContext& context, const CardSide&, int choice) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
-    record.CardType = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kCardTypes)));
+void ChooseCardType(DevModePrivate& record, int index) {
+    record.CardType = static_cast<BYTE>(InRangeOrFirst(index, std::size(kCardTypes)));
     SwitchUnprintableBackOff(record);
-    return true;
 }
 
-bool ChooseThickness(DriverContext& context, const CardSide&, int choice) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
-    record.CardThickness = static_cast<BYTE>(InRangeOrFirst(choice, std::size(kThicknesses)));
+void ChooseThickness(DevModePrivate& record, int index) {
+    record.CardThickness = static_cast<BYTE>(InRangeOrFirst(index, std::size(kThicknesses)));
     SwitchUnprintableBackOff(record);
-    return true;
 }
 
-bool ToggleKOnlyOnBack(DriverContext& context, const CardSide&, int) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
+void ToggleKOnlyOnBack(DevModePrivate& record) {
     if (record.KOnlyOnBack != 0) {
         record.KOnlyOnBack = 0;
-        return true;
+        return;
     }
     record.KOnlyOnBack = 1;
     PutBits(record.ResinOptions, kFront.BlackByResin | kFront.TextOnly | kFront.ColorDisabled,
@@ -287,11 +281,9 @@ bool ToggleKOnlyOnBack(DriverContext& context, const CardSide&, int) {
     PutBits(record.ResinOptions2, kFront.BlackAndWhite, false);
     PutBits(record.BlackByYmcK, kBothSides, false);
     PrintOnlyKOnBack(record);
-    return true;
 }
 
-bool ToggleTransparentCard(DriverContext& context, const CardSide&, int) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
+void ToggleTransparentCard(DevModePrivate& record) {
     record.TransparentCard = record.TransparentCard != 1;
     for (const CardSide* side : kCardSides) {
         if ((record.PrintSides & side->Bit) == 0) {
@@ -301,16 +293,14 @@ bool ToggleTransparentCard(DriverContext& context, const CardSide&, int) {
     if (record.TransparentCard == 0) {
         record.FlipSides = 0;
     }
-    return true;
 }
 
-bool TogglePrinted(DriverContext& context, const CardSide& side, int) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
+void TogglePrinted(DevModePrivate& record, const CardSide& side) {
     if ((record.PrintSides & side.Bit) != 0) {
         for (BYTE* field : {&record.PrintSides, &record.RotateSides, &record.FlipSides}) {
             PutBits(*field, side.Bit, false);
         }
-        return true;
+        return;
     }
     PutBits(record.PrintSides, side.Bit, true);
     const BYTE ribbon = record.RibbonType;
@@ -325,11 +315,17 @@ bool TogglePrinted(DriverContext& context, const CardSide& side, int) {
     } else if (IsResinRibbon(ribbon) || HasFixedResinPanel(ribbon)) {
         NeedResinRibbonUse(record, side);
     }
-    return true;
 }
 
-bool ToggleColor(DriverContext& context, const CardSide& side, int) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
+void ToggleRotated(DevModePrivate& record, const CardSide& side) {
+    record.RotateSides ^= side.Bit;
+}
+
+void ToggleFlipped(DevModePrivate& record, const CardSide& side) {
+    record.FlipSides ^= side.Bit;
+}
+
+bool ToggleColor(DevModePrivate& record, const CardSide& side) {
     if (record.RibbonType == kRibbonWithoutResin) {
         return false;
     }
@@ -357,27 +353,15 @@ bool ToggleColor(DriverContext& context, const CardSide& side, int) {
     return true;
 }
 
-bool ChooseResin(DriverContext& context, const CardSide& side, int choice) {
-    DevModePrivate& record = context.WorkingDevMode.Private;
+void ChooseResin(DevModePrivate& record, const CardSide& side, int index) {
     if (IsColorRibbon(record.RibbonType)) {
         const int left = side.Bit == kBackSide && record.KOnlyOnBack != 0 ? kBlackByResin : 0;
-        const int index =
-            InRangeOrFirst(choice, std::size(kResinChoices) - static_cast<size_t>(left));
-        ChooseColorRibbonResin(record, side, static_cast<ResinChoice>(index + left));
+        const int entry =
+            InRangeOrFirst(index, std::size(kResinChoices) - static_cast<size_t>(left));
+        ChooseColorRibbonResin(record, side, static_cast<ResinChoice>(entry + left));
     } else if (IsResinRibbon(record.RibbonType)) {
         const size_t count = std::size(kResinRibbonChoices) - (side.Grey == 0 ? 1 : 0);
         ChooseResinRibbonUse(record, side,
-                             static_cast<ResinRibbonChoice>(InRangeOrFirst(choice, count)));
+                             static_cast<ResinRibbonChoice>(InRangeOrFirst(index, count)));
     }
-    return true;
-}
-
-bool ChooseCopies(DriverContext& context, const CardSide&, int choice) {
-    context.WorkingDevMode.Public.dmCopies = static_cast<SHORT>(choice);
-    return true;
-}
-
-bool ChooseOrientation(DriverContext& context, const CardSide&, int choice) {
-    context.WorkingDevMode.Public.dmOrientation = static_cast<SHORT>(choice);
-    return true;
 }

@@ -2,33 +2,15 @@
 // which side and how black comes onto it. Nothing here knows of windows.
 #pragma once
 
+#include "core/card_terms.h"
 #include "core/context.h"
 #include "ui/pages/device_options/card_side.h"
 
 // ---- What there is to choose from -------------------------------------------------------------
 
-struct RibbonRow {
-    BYTE Code;
-    const WCHAR* Text;
-};
-
-/// The ribbons in the order of the list. Records may carry other codes.
-inline constexpr RibbonRow kRibbons[] = {
-    {kRibbonYMCKO, TEXT("YMCKO")},   {kRibbonK, TEXT("K")},   {kRibbonHalfYMCKO, TEXT("1/2 YMCKO")},
-    {kRibbonYMCKOK, TEXT("YMCKOK")}, {kRibbonKO, TEXT("KO")}, {kRibbonYMCKFO, TEXT("YMCKFO")},
-};
-
 /// Never offered: one has no resin panel, the other leaves nothing to choose on its sides.
 constexpr BYTE kRibbonWithoutResin = 2;
 constexpr BYTE kRibbonWithoutOptions = 11;
-
-/// By their codes.
-inline constexpr const WCHAR* kCardTypes[] = {
-    TEXT("Blank Card"),           TEXT("6-pin Smart Chip Card"), TEXT("8-pin Smart Chip Card"),
-    TEXT("Magnetic Stripe Card"), TEXT("Chip/Magnetic Card"),    TEXT("Adhesive Card"),
-};
-inline constexpr const WCHAR* kThicknesses[] = {TEXT("0.3 mm"), TEXT("0.5 mm"), TEXT("0.8 mm"),
-                                                TEXT("1.0 mm")};
 
 /// How a colour ribbon's resin panel is used on a side, in the order of the full list. While only
 /// resin is printed on the back, its list begins with kBlackByResin.
@@ -80,38 +62,18 @@ ResinRibbonChoice ChosenResinRibbonUse(const DevModePrivate& record, const CardS
 /// switched off.
 void CorrectCardOptions(DriverContext& context);
 
-/// A choice of the user's, written into the record with all that depends on it. `side` is that of
-/// the control, `choice` the index in a list (an index that the list lacks counts as its first) or
-/// the number entered; other controls ignore it. False when it changes nothing at all.
-using Change = bool(DriverContext& context, const CardSide& side, int choice);
+// A choice of the user's, written into the record with all that depends on it. An index that a list
+// lacks counts as its first.
 
-Change ChooseRibbon;
-Change ChooseCardType;
-Change ChooseThickness;
-Change ToggleKOnlyOnBack;
-Change ToggleTransparentCard;
-Change TogglePrinted;
-Change ToggleColor;
-Change ChooseResin;
-Change ChooseCopies;
-Change ChooseOrientation;  ///< DMORIENT_...
+void ChooseRibbon(DriverContext& context, int index);
+void ChooseCardType(DevModePrivate& record, int index);
+void ChooseThickness(DevModePrivate& record, int index);
+void ToggleKOnlyOnBack(DevModePrivate& record);
+void ToggleTransparentCard(DevModePrivate& record);
 
-/// Between 0 and 1; anything else becomes 0.
-template <BYTE DevModePrivate::*Field>
-bool ToggleFlag(DriverContext& context, const CardSide&, int) {
-    BYTE& field = context.WorkingDevMode.Private.*Field;
-    field = field == 0;
-    return true;
-}
-
-template <BYTE DevModePrivate::*Field>
-bool ToggleSide(DriverContext& context, const CardSide& side, int) {
-    context.WorkingDevMode.Private.*Field ^= side.Bit;
-    return true;
-}
-
-template <BYTE DevModePrivate::*Field, BYTE Value>
-bool SetField(DriverContext& context, const CardSide&, int) {
-    context.WorkingDevMode.Private.*Field = Value;
-    return true;
-}
+void TogglePrinted(DevModePrivate& record, const CardSide& side);
+void ToggleRotated(DevModePrivate& record, const CardSide& side);
+void ToggleFlipped(DevModePrivate& record, const CardSide& side);
+/// False when the ribbon leaves nothing to choose.
+bool ToggleColor(DevModePrivate& record, const CardSide& side);
+void ChooseResin(DevModePrivate& record, const CardSide& side, int index);

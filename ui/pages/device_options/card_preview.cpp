@@ -2,6 +2,7 @@
 #include "ui/pages/device_options/card_preview.h"
 
 #include "ui/common/controls.h"
+#include "ui/pages/device_options/option_controls.h"
 
 namespace {
 
@@ -95,8 +96,9 @@ LONG ShortSide(LONG longSide) {
 }
 
 void DrawCardSide(HWND dialog, PictureSet& pictures, HDC context, const DevModeRecord& record,
-                  const CardSide& side) {
-    const RECT preview = ControlArea(dialog, side.Preview);
+                  const SideControls& controls) {
+    const CardSide& side = controls.Side;
+    const RECT preview = ControlArea(dialog, controls.Preview);
     FillWithTiles(pictures, context, preview);
     if ((record.Private.PrintSides & side.Bit) == 0) {
         return;
@@ -186,25 +188,21 @@ bool ShowsBackPreview(const DriverContext& context) {
     return context.IsDuplexModel != 0 && context.IsKP43Family == 0;
 }
 
-void PaintDeviceOptions(HWND dialog, const DriverContext& context) {
-    PAINTSTRUCT paint;
-    if (HDC target = BeginPaint(dialog, &paint)) {
-        const DevModeRecord& record = context.WorkingDevMode;
-        const auto isAsked = [&](int control) {
-            RECT common;
-            const RECT area = ControlArea(dialog, control);
-            return IntersectRect(&common, &area, &paint.rcPaint) != 0;
-        };
-        PictureSet pictures;
-        if (isAsked(kFront.Preview)) {
-            DrawCardSide(dialog, pictures, target, record, kFront);
-        }
-        if (ShowsBackPreview(context) && isAsked(kBack.Preview)) {
-            DrawCardSide(dialog, pictures, target, record, kBack);
-        }
-        if (isAsked(IDC_PAGE_ORDER)) {
-            DrawPageOrder(dialog, pictures, target, record);
-        }
+void PaintDeviceOptions(HWND dialog, DriverContext& context, HDC target, const RECT& asked) {
+    const DevModeRecord& record = context.WorkingDevMode;
+    const auto isAsked = [&](int control) {
+        RECT common;
+        const RECT area = ControlArea(dialog, control);
+        return IntersectRect(&common, &area, &asked) != 0;
+    };
+    PictureSet pictures;
+    if (isAsked(IDC_FRONT_PREVIEW)) {
+        DrawCardSide(dialog, pictures, target, record, kFrontControls);
     }
-    EndPaint(dialog, &paint);
+    if (ShowsBackPreview(context) && isAsked(IDC_BACK_PREVIEW)) {
+        DrawCardSide(dialog, pictures, target, record, kBackControls);
+    }
+    if (isAsked(IDC_PAGE_ORDER)) {
+        DrawPageOrder(dialog, pictures, target, record);
+    }
 }

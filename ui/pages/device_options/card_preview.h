@@ -31,5 +31,5 @@ RECT PlaceOfCard(const RECT& preview, bool isPortrait);
 /// The back has a preview on models that can print it, as far as they show one.
 bool ShowsBackPreview(const DriverContext& context);
 
-/// Answers the page's WM_PAINT.
-void PaintDeviceOptions(HWND dialog, const DriverContext& context);
+/// The page's Paint hook.
+void PaintDeviceOptions(HWND dialog, DriverContext& context, HDC target, const RECT& asked);

@@ -1,9 +1,7 @@
-// What exists once for each side of the card: the side's bits in the record's fields, and its
-// controls on the page. Front and back are two rows of one shape.
+// The two sides of the card as the record has them: front and back are two rows of one shape.
 #pragma once
 
 #include "core/device_mode.h"
-#include "resources/resource.h"
 
 struct CardSide {
     BYTE Bit;  ///< in PrintSides, ColorSides, RotateSides, FlipSides and BlackByYmcK
@@ -19,15 +17,6 @@ struct CardSide {
     BYTE BlackAndWhite;
     BYTE Grey;               ///< 0 where it is not offered
     BYTE ResinRibbonOption;  ///< the bits that a choice for a resin ribbon clears
-
-    // Controls.
-    int Image;
-    int Rotate;
-    int Flip;
-    int Preview;
-    int Color;
-    int ResinLabel;
-    int Resin;
 };
 
 inline constexpr CardSide kFront = {
@@ -40,13 +29,6 @@ inline constexpr CardSide kFront = {
     .BlackAndWhite = kFrontBlackAndWhite,
     .Grey = kFrontResinGrey,
     .ResinRibbonOption = kFrontBlackAndWhite | kFrontResinGrey,
-    .Image = IDC_FRONT_IMAGE,
-    .Rotate = IDC_FRONT_ROTATE,
-    .Flip = IDC_FRONT_FLIP,
-    .Preview = IDC_FRONT_PREVIEW,
-    .Color = IDC_FRONT_COLOR,
-    .ResinLabel = IDC_FRONT_RESIN_LABEL,
-    .Resin = IDC_FRONT_RESIN,
 };
 
 inline constexpr CardSide kBack = {
@@ -59,13 +41,6 @@ inline constexpr CardSide kBack = {
     .BlackAndWhite = kBackBlackAndWhite,
     .Grey = 0,
     .ResinRibbonOption = 0,
-    .Image = IDC_BACK_IMAGE,
-    .Rotate = IDC_BACK_ROTATE,
-    .Flip = IDC_BACK_FLIP,
-    .Preview = IDC_BACK_PREVIEW,
-    .Color = IDC_BACK_COLOR,
-    .ResinLabel = IDC_BACK_RESIN_LABEL,
-    .Resin = IDC_BACK_RESIN,
 };
 
 inline constexpr const CardSide* kCardSides[] = {&kFront, &kBack};

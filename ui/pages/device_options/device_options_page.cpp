@@ -1,90 +1,146 @@
 // The Device Options page: which choice each of its controls makes, and what follows on the page.
 #include "ui/pages/device_options/device_options_page.h"
 
-#include "resources/resource.h"
 #include "ui/common/controls.h"
+#include "ui/common/language.h"
 #include "ui/common/numeric_field.h"
-#include "ui/common/page.h"
 #include "ui/pages/device_options/card_options.h"
 #include "ui/pages/device_options/card_preview.h"
 #include "ui/pages/device_options/option_controls.h"
 #include "ui/pages/device_options/ribbon_item.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace {
 
-// ---- The user's choices -------------------------------------------------------------------------
+// ---- Pictures ---------------------------------------------------------------------------------
 
 enum Pictures : unsigned {
     kNoPicture = 0,
-    kSidePreview = 1,  ///< that of the control's side
-    kPageOrder = 2,
-    kBothPreviews = 4,
+    kFrontPreview = 1,
+    kBackPreview = 2,
+    kPageOrder = 4,
+    kBothPreviews = kFrontPreview | kBackPreview,
     kAllPictures = kPageOrder | kBothPreviews,
 };
 
-void RedrawPicture(HWND dialog, int control) {
-    RECT area = ControlArea(dialog, control);
-    InflateRect(&area, 2, 2);
-    InvalidateRect(dialog, &area, TRUE);
-}
-
-void RedrawPictures(HWND dialog, const CardSide& side, unsigned pictures) {
-    if ((pictures & kSidePreview) != 0) {
-        RedrawPicture(dialog, side.Preview);
-    }
-    if ((pictures & kBothPreviews) != 0) {
-        RedrawPicture(dialog, kFront.Preview);
-        RedrawPicture(dialog, kBack.Preview);
-    }
-    if ((pictures & kPageOrder) != 0) {
-        RedrawPicture(dialog, IDC_PAGE_ORDER);
+void RedrawPictures(HWND dialog, unsigned pictures) {
+    constexpr struct {
+        Pictures Which;
+        int Control;
+    } kPictures[] = {{kFrontPreview, IDC_FRONT_PREVIEW},
+                     {kBackPreview, IDC_BACK_PREVIEW},
+                     {kPageOrder, IDC_PAGE_ORDER}};
+    for (const auto& picture : kPictures) {
+        if ((pictures & picture.Which) != 0) {
+            RECT area = ControlArea(dialog, picture.Control);
+            InflateRect(&area, 2, 2);
+            InvalidateRect(dialog, &area, TRUE);
+        }
     }
 }
 
-// Beyond what the record makes of the controls.
-using Follow = void(HWND dialog, const DriverContext& context, const CardSide& side);
+// ---- The copies -------------------------------------------------------------------------------
 
-void FollowRibbon(HWND dialog, const DriverContext& context, const CardSide&) {
+constexpr NumericField kCopies = {
+    .Control = IDC_COPIES,
+    .Arrows = IDC_COPIES_SCROLL,
+    .Minimum = 1,
+    .Maximum = kMaxCopies,
+    .RangeMessage = TEXT("Press up and down button to adjust copies (1-9999)."),
+    .RangeSection = kDeviceOptionSection,
+    .ValidationSection = kToolsSection,
+};
+constexpr WPARAM kCopiesDigits = 4;
+
+void ShowCopies(HWND dialog, SHORT copies) {
+    SetDlgItemInt(dialog, IDC_COPIES, static_cast<UINT>(copies), FALSE);
+    SendDlgItemMessageW(dialog, IDC_COPIES, EM_LIMITTEXT, kCopiesDigits, 0);
+    HWND arrows = GetDlgItem(dialog, IDC_COPIES_SCROLL);
+    SetScrollRange(arrows, SB_CTL, kCopies.Minimum, kCopies.Maximum, FALSE);
+    SetScrollPos(arrows, SB_CTL, copies, TRUE);
+}
+
+void EnterCopies(HWND dialog, DriverContext& context) {
+    SHORT& copies = context.WorkingDevMode.Public.dmCopies;
+    copies = static_cast<SHORT>(ValidateIntField(dialog, kCopies, copies));
+    SetScrollPos(GetDlgItem(dialog, IDC_COPIES_SCROLL), SB_CTL, copies, TRUE);
+    TellSheetChanged(dialog);
+}
+
+void StepCopies(HWND dialog, DriverContext& context, HWND bar, WORD request) {
+    if (bar == GetDlgItem(dialog, IDC_COPIES_SCROLL)) {
+        if (const auto copies = StepField(dialog, kCopies, request)) {
+            context.WorkingDevMode.Public.dmCopies = static_cast<SHORT>(*copies);
+        }
+    }
+}
+
+// ---- What follows a change, beyond what the record makes of the controls
+// -------------------------
+
+void OnRibbonChanged(HWND dialog, const DriverContext& context) {
     FillResinLists(dialog, context, kBlackByResin);
     CheckControl(dialog, IDC_NO_WHITE_SKIP, context.WorkingDevMode.Private.WhiteSkip != 1);
 }
 
-void FollowKOnlyOnBack(HWND dialog, const DriverContext& context, const CardSide& side) {
+void OnKOnlyOnBackChanged(HWND dialog, const DriverContext& context) {
     if (context.WorkingDevMode.Private.KOnlyOnBack != 0) {
-        FillResinList(dialog, context, kFront, kBlackByResin);  // for when it is shown again
-        FillResinList(dialog, context, kBack, kTextOnly, kResinDither);
-        RedrawPictures(dialog, side, kAllPictures);
+        FillResinList(dialog, context, kFrontControls,
+                      kBlackByResin);  // for when it is shown again
+        FillResinList(dialog, context, kBackControls, kTextOnly, kResinDither);
+        RedrawPictures(dialog, kAllPictures);
     } else {
         FillResinLists(dialog, context, kBlackByResin);
     }
 }
 
-// A side that is switched on under a ribbon of no known class stays without its panels.
-void FollowPrinted(HWND dialog, const DriverContext& context, const CardSide& side) {
-    if (!IsKnownRibbon(context.WorkingDevMode.Private.RibbonType)) {
-        ShowPanels(dialog, side, false, false);
+// A card that ends "K only on Back" leaves the back a list that lacks entries.
+void OnCardChanged(HWND dialog, const DriverContext& context) {
+    const DevModePrivate& record = context.WorkingDevMode.Private;
+    const LRESULT offered = SendDlgItemMessageW(dialog, kBackControls.Resin, CB_GETCOUNT, 0, 0);
+    if (record.KOnlyOnBack == 0 && IsColorRibbon(record.RibbonType) &&
+        offered < static_cast<LRESULT>(std::size(kResinChoices))) {
+        FillResinList(dialog, context, kBackControls, kBlackByYmcK);
     }
 }
 
-void FollowColor(HWND dialog, const DriverContext& context, const CardSide& side) {
+// A side that is switched on under a ribbon of no known class stays without its panels.
+template <const SideControls& Controls>
+void OnPrintedChanged(HWND dialog, const DriverContext& context) {
+    if (!IsKnownRibbon(context.WorkingDevMode.Private.RibbonType)) {
+        ShowPanels(dialog, Controls, false, false);
+    }
+}
+
+template <const SideControls& Controls>
+void OnColorChanged(HWND dialog, const DriverContext& context) {
     const DevModePrivate& record = context.WorkingDevMode.Private;
     if (IsColorRibbon(record.RibbonType)) {
-        SelectResin(dialog, record, side, kBlackByResin);
+        SelectResin(dialog, record, Controls, kBlackByResin);
     }
 }
 
-void FollowCopies(HWND dialog, const DriverContext& context, const CardSide&) {
-    SetScrollPos(GetDlgItem(dialog, IDC_COPIES_SCROLL), SB_CTL,
-                 context.WorkingDevMode.Public.dmCopies, TRUE);
-}
+// ---- The rules --------------------------------------------------------------------------------
 
-bool ChooseLandscape(DriverContext& context, const CardSide& side, int) {
-    return ChooseOrientation(context, side, DMORIENT_LANDSCAPE);
-}
-bool ChoosePortrait(DriverContext& context, const CardSide& side, int) {
-    return ChooseOrientation(context, side, DMORIENT_PORTRAIT);
+// Makes a change with what it takes: the record or the context, its side, the index in a list.
+// False when it changed nothing at all.
+template <auto Change, const CardSide&... Side>
+bool Apply(DriverContext& context, [[maybe_unused]] int index) {
+    using Function = decltype(Change);
+    DevModePrivate& record = context.WorkingDevMode.Private;
+    if constexpr (std::is_invocable_v<Function, DriverContext&, int>) {
+        Change(context, index);
+    } else if constexpr (std::is_invocable_v<Function, DevModePrivate&, decltype(Side)..., int>) {
+        Change(record, Side..., index);
+    } else if constexpr (std::is_invocable_r_v<bool, Function, DevModePrivate&,
+                                               decltype(Side)...>) {
+        return Change(record, Side...);
+    } else {
+        Change(record, Side...);
+    }
+    return true;
 }
 
 constexpr int kAnyCommand = -1;
@@ -92,97 +148,92 @@ constexpr int kAnyCommand = -1;
 struct Rule {
     int Control;
     int Notification;
-    const CardSide& Side;
-    Change* Apply;
-    Follow* Then;
+    bool (*Apply)(DriverContext& context, int index);
+    void (*OnChanged)(HWND dialog, const DriverContext& context);
     unsigned Redraws;
 };
 
 // clang-format off
 constexpr Rule kRules[] = {
-    {IDC_RIBBON, CBN_SELENDOK, kFront, ChooseRibbon, FollowRibbon, kBothPreviews},
-    {IDC_CARD_TYPE, CBN_SELENDOK, kFront, ChooseCardType, nullptr, kAllPictures},
-    {IDC_THICKNESS, CBN_SELENDOK, kFront, ChooseThickness, nullptr, kNoPicture},
-    {IDC_K_ONLY_ON_BACK, kAnyCommand, kFront, ToggleKOnlyOnBack, FollowKOnlyOnBack, kNoPicture},
-    {IDC_TRANSPARENT_CARD, kAnyCommand, kFront, ToggleTransparentCard, nullptr, kNoPicture},
-    {IDC_FRONT_IMAGE, kAnyCommand, kFront, TogglePrinted, FollowPrinted, kSidePreview | kPageOrder},
-    {IDC_BACK_IMAGE, kAnyCommand, kBack, TogglePrinted, FollowPrinted, kSidePreview | kPageOrder},
-    {IDC_FRONT_COLOR, kAnyCommand, kFront, ToggleColor, FollowColor, kSidePreview},
-    {IDC_BACK_COLOR, kAnyCommand, kBack, ToggleColor, FollowColor, kSidePreview},
-    {IDC_FRONT_RESIN, CBN_SELENDOK, kFront, ChooseResin, nullptr, kSidePreview},
-    {IDC_BACK_RESIN, CBN_SELENDOK, kBack, ChooseResin, nullptr, kSidePreview},
-    {IDC_FRONT_ROTATE, kAnyCommand, kFront, ToggleSide<&DevModePrivate::RotateSides>, nullptr, kSidePreview | kPageOrder},
-    {IDC_BACK_ROTATE, kAnyCommand, kBack, ToggleSide<&DevModePrivate::RotateSides>, nullptr, kSidePreview | kPageOrder},
-    {IDC_FRONT_FLIP, kAnyCommand, kFront, ToggleSide<&DevModePrivate::FlipSides>, nullptr, kSidePreview},
-    {IDC_BACK_FLIP, kAnyCommand, kBack, ToggleSide<&DevModePrivate::FlipSides>, nullptr, kSidePreview},
-    {IDC_LANDSCAPE, kAnyCommand, kFront, ChooseLandscape, nullptr, kAllPictures},
-    {IDC_PORTRAIT, kAnyCommand, kFront, ChoosePortrait, nullptr, kAllPictures},
-    {IDC_STANDARD_MODE, kAnyCommand, kFront, SetField<&DevModePrivate::PrintingMode, kStandardMode>, nullptr, kNoPicture},
-    {IDC_PHOTO_MODE, kAnyCommand, kFront, SetField<&DevModePrivate::PrintingMode, kPremiumPhotoMode>, nullptr, kNoPicture},
-    {IDC_COPIES, EN_CHANGE, kFront, ChooseCopies, FollowCopies, kNoPicture},
-    {IDC_ORIENTATION_LOCK, kAnyCommand, kFront, ToggleFlag<&DevModePrivate::OrientationLock>, nullptr, kNoPicture},
-    {IDC_NO_WHITE_SKIP, kAnyCommand, kFront, ToggleFlag<&DevModePrivate::WhiteSkip>, nullptr, kNoPicture},
-    {IDC_PRINT_AS_OTHER_MODEL, kAnyCommand, kFront, ToggleFlag<&DevModePrivate::PrintAsOtherModel>, nullptr, kNoPicture},
-    {IDC_SKIP_BLANK_PAGE, kAnyCommand, kFront, ToggleFlag<&DevModePrivate::SkipBlankPage>, nullptr, kNoPicture},
+    {IDC_RIBBON, CBN_SELENDOK, Apply<ChooseRibbon>, OnRibbonChanged, kBothPreviews},
+    {IDC_CARD_TYPE, CBN_SELENDOK, Apply<ChooseCardType>, OnCardChanged, kAllPictures},
+    {IDC_THICKNESS, CBN_SELENDOK, Apply<ChooseThickness>, OnCardChanged, kNoPicture},
+    {IDC_K_ONLY_ON_BACK, kAnyCommand, Apply<ToggleKOnlyOnBack>, OnKOnlyOnBackChanged, kNoPicture},
+    {IDC_TRANSPARENT_CARD, kAnyCommand, Apply<ToggleTransparentCard>, nullptr, kNoPicture},
+    {IDC_FRONT_IMAGE, kAnyCommand, Apply<TogglePrinted, kFront>, OnPrintedChanged<kFrontControls>, kFrontPreview | kPageOrder},
+    {IDC_BACK_IMAGE, kAnyCommand, Apply<TogglePrinted, kBack>, OnPrintedChanged<kBackControls>, kBackPreview | kPageOrder},
+    {IDC_FRONT_COLOR, kAnyCommand, Apply<ToggleColor, kFront>, OnColorChanged<kFrontControls>, kFrontPreview},
+    {IDC_BACK_COLOR, kAnyCommand, Apply<ToggleColor, kBack>, OnColorChanged<kBackControls>, kBackPreview},
+    {IDC_FRONT_RESIN, CBN_SELENDOK, Apply<ChooseResin, kFront>, nullptr, kFrontPreview},
+    {IDC_BACK_RESIN, CBN_SELENDOK, Apply<ChooseResin, kBack>, nullptr, kBackPreview},
+    {IDC_FRONT_ROTATE, kAnyCommand, Apply<ToggleRotated, kFront>, nullptr, kFrontPreview | kPageOrder},
+    {IDC_BACK_ROTATE, kAnyCommand, Apply<ToggleRotated, kBack>, nullptr, kBackPreview | kPageOrder},
+    {IDC_FRONT_FLIP, kAnyCommand, Apply<ToggleFlipped, kFront>, nullptr, kFrontPreview},
+    {IDC_BACK_FLIP, kAnyCommand, Apply<ToggleFlipped, kBack>, nullptr, kBackPreview},
 };
 // clang-format on
 
-// What the user chose or entered, for the change.
-int ReadChoice(HWND dialog, const DriverContext& context, const Rule& rule) {
-    switch (rule.Notification) {
-        case CBN_SELENDOK:
-            return SelectedItem(dialog, rule.Control);
-        case EN_CHANGE: {
-            const NumericField& field = NumericFieldOf(rule.Control);
-            return ValidateIntField(dialog, rule.Control, field.Minimum, field.Maximum,
-                                    context.WorkingDevMode.Public.dmCopies,
-                                    field.ValidationSection);
-        }
-        default:
-            return 0;
-    }
-}
-
-const Rule* RuleOf(WPARAM command) {
-    const auto* rule = std::find_if(std::begin(kRules), std::end(kRules), [&](const Rule& each) {
-        return each.Control == LOWORD(command) &&
-               (each.Notification == kAnyCommand || each.Notification == HIWORD(command));
-    });
-    return rule == std::end(kRules) ? nullptr : rule;
-}
-
-void DeviceOptionsCommand(HWND dialog, DriverContext& context, WPARAM command) {
-    const Rule* rule = RuleOf(command);
-    if (rule == nullptr || !rule->Apply(context, rule->Side, ReadChoice(dialog, context, *rule))) {
+void FollowRule(HWND dialog, DriverContext& context, const Rule& rule) {
+    const int index = rule.Notification == CBN_SELENDOK ? SelectedItem(dialog, rule.Control) : 0;
+    if (!rule.Apply(context, index)) {
         return;
     }
     ShowOptions(dialog, context);
-    if (rule->Then != nullptr) {
-        rule->Then(dialog, context, rule->Side);
+    if (rule.OnChanged != nullptr) {
+        rule.OnChanged(dialog, context);
     }
-    RedrawPictures(dialog, rule->Side, rule->Redraws);
+    RedrawPictures(dialog, rule.Redraws);
     TellSheetChanged(dialog);
 }
 
-void StepCopies(HWND dialog, DriverContext& context, WPARAM wParam, HWND arrows) {
-    if (arrows == GetDlgItem(dialog, IDC_COPIES_SCROLL)) {
-        context.WorkingDevMode.Public.dmCopies =
-            static_cast<SHORT>(StepField(dialog, NumericFieldOf(IDC_COPIES), LOWORD(wParam)));
+constexpr struct {
+    std::span<const BoundButton> Buttons;
+    unsigned Redraws;
+} kButtonGroups[] = {{kOrientationButtons, kAllPictures}, {kPlainButtons, kNoPicture}};
+
+// True when the control is one of the bound buttons.
+bool PressButton(HWND dialog, DriverContext& context, int control) {
+    for (const auto& group : kButtonGroups) {
+        for (const BoundButton& button : group.Buttons) {
+            if (button.Control == control) {
+                StoreClick(context.WorkingDevMode, button);
+                ShowButtons(dialog, context.WorkingDevMode, group.Buttons);
+                RedrawPictures(dialog, group.Redraws);
+                TellSheetChanged(dialog);
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void DeviceOptionsCommand(HWND dialog, DriverContext& context, int control, int notification) {
+    if (control == IDC_COPIES && notification == EN_CHANGE) {
+        EnterCopies(dialog, context);
+        return;
+    }
+    if (PressButton(dialog, context, control)) {
+        return;
+    }
+    const auto* rule = std::find_if(std::begin(kRules), std::end(kRules), [&](const Rule& each) {
+        return each.Control == control &&
+               (each.Notification == kAnyCommand || each.Notification == notification);
+    });
+    if (rule != std::end(kRules)) {
+        FollowRule(dialog, context, *rule);
     }
 }
 
-void OpenDeviceOptions(HWND dialog, DriverContext& context) {
-    InitDeviceOptionsPage(dialog, context);
-    SubclassNumericField(GetDlgItem(dialog, IDC_COPIES), NumericFieldOf(IDC_COPIES));
-    context.DeviceOptionsPage = dialog;
+// ---- The page ---------------------------------------------------------------------------------
+
+void DrawItem(HWND, DriverContext&, const DRAWITEMSTRUCT& item) {
+    if (item.CtlType == ODT_COMBOBOX && item.CtlID == IDC_RIBBON) {
+        DrawRibbonItem(item);
+    }
 }
 
-INT_PTR DrawItem(const DRAWITEMSTRUCT& item) {
-    if (item.CtlType != ODT_COMBOBOX || item.CtlID != IDC_RIBBON) {
-        return FALSE;
-    }
-    DrawRibbonItem(item);
-    return TRUE;
+void DropTooltip(HWND, DriverContext&) {
+    DestroySharedTooltip();
 }
 
 }  // namespace
@@ -196,32 +247,14 @@ void InitDeviceOptionsPage(HWND dialog, DriverContext& context) {
     ShowCopies(dialog, context.WorkingDevMode.Public.dmCopies);
 }
 
-INT_PTR CALLBACK DeviceOptionsPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    static constexpr Page kPage = {
-        .Slot = kDeviceOptionsSlot, .Section = kDeviceOptionSection, .Open = OpenDeviceOptions};
-    DriverContext* context = PageContext(dialog);
-    if (context != nullptr) {
-        switch (message) {
-            case WM_COMMAND:
-                if (context->DeviceOptionsPage == dialog) {  // not while it is being filled
-                    DeviceOptionsCommand(dialog, *context, wParam);
-                }
-                return TRUE;
-            case WM_VSCROLL:
-                StepCopies(dialog, *context, wParam, reinterpret_cast<HWND>(lParam));
-                break;
-            case WM_PAINT:
-                PaintDeviceOptions(dialog, *context);
-                return TRUE;
-            case WM_DRAWITEM:
-                return DrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
-            case WM_HELP:
-                DestroySharedTooltip();
-                break;
-            case WM_DESTROY:
-                context->DeviceOptionsPage = nullptr;
-                break;
-        }
-    }
-    return RunPage(kPage, dialog, message, wParam, lParam);
-}
+constinit const Page kDeviceOptionsPage = {
+    .Slot = kDeviceOptionsSlot,
+    .Section = kDeviceOptionSection,
+    .Fields = {&kCopies, 1},
+    .Fill = InitDeviceOptionsPage,
+    .Command = DeviceOptionsCommand,
+    .ScrollVertically = StepCopies,
+    .DrawItem = DrawItem,
+    .Paint = PaintDeviceOptions,
+    .Help = DropTooltip,
+};

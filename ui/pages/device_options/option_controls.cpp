@@ -1,7 +1,6 @@
 // What the controls of the Device Options page show of a record.
 #include "ui/pages/device_options/option_controls.h"
 
-#include "resources/resource.h"
 #include "ui/common/controls.h"
 #include "ui/common/language.h"
 #include "ui/pages/device_options/card_preview.h"
@@ -10,8 +9,6 @@
 
 namespace {
 
-constexpr WPARAM kCopiesDigits = 4;
-
 // ---- Lists ------------------------------------------------------------------------------------
 
 // A code that a list lacks shows its first entry.
@@ -19,7 +16,7 @@ void FillRibbons(HWND dialog, BYTE ribbon) {
     const WCHAR* texts[std::size(kRibbons)];
     int selected = 0;
     for (int i = 0; i < static_cast<int>(std::size(kRibbons)); ++i) {
-        texts[i] = kRibbons[i].Text;
+        texts[i] = kRibbons[i].Name;
         selected = kRibbons[i].Code == ribbon ? i : selected;
     }
     FillList(dialog, IDC_RIBBON, texts);
@@ -55,7 +52,8 @@ bool ShowsResin(const DevModePrivate& record, const CardSide& side) {
     return IsResinRibbon(record.RibbonType) || (IsColorRibbon(record.RibbonType) && !leavesKToBack);
 }
 
-void ShowSide(HWND dialog, const DriverContext& context, const CardSide& side) {
+void ShowSide(HWND dialog, const DriverContext& context, const SideControls& controls) {
+    const CardSide& side = controls.Side;
     const DevModePrivate& record = context.WorkingDevMode.Private;
     const bool isBack = side.Bit == kBackSide;
     const bool exists = !isBack || HasPrintableBack(context);
@@ -63,24 +61,24 @@ void ShowSide(HWND dialog, const DriverContext& context, const CardSide& side) {
     const bool flippable = printed && record.TransparentCard == 1;
     const bool free = record.KOnlyOnBack == 0;  // else both sides are as that needs them
 
-    CheckControl(dialog, side.Image, printed);
-    EnableControl(dialog, side.Image, free);
-    ShowControl(dialog, side.Image, exists);
-    CheckControl(dialog, side.Rotate, printed && (record.RotateSides & side.Bit) != 0);
-    EnableControl(dialog, side.Rotate, printed);
-    ShowControl(dialog, side.Rotate, exists);
-    CheckControl(dialog, side.Flip, flippable && (record.FlipSides & side.Bit) != 0);
-    EnableControl(dialog, side.Flip, flippable);
-    ShowControl(dialog, side.Flip, exists && context.IsKP41Family != 0);
+    CheckControl(dialog, controls.Image, printed);
+    EnableControl(dialog, controls.Image, free);
+    ShowControl(dialog, controls.Image, exists);
+    CheckControl(dialog, controls.Rotate, printed && (record.RotateSides & side.Bit) != 0);
+    EnableControl(dialog, controls.Rotate, printed);
+    ShowControl(dialog, controls.Rotate, exists);
+    CheckControl(dialog, controls.Flip, flippable && (record.FlipSides & side.Bit) != 0);
+    EnableControl(dialog, controls.Flip, flippable);
+    ShowControl(dialog, controls.Flip, exists && context.IsKP41Family != 0);
 
     const bool hasPanels = printed && (!isBack || context.IsDuplexModel != 0);
     // Under a ribbon of no known class they stay as they are.
     if (!hasPanels || IsKnownRibbon(record.RibbonType)) {
-        ShowPanels(dialog, side, hasPanels && ShowsColor(context, side),
+        ShowPanels(dialog, controls, hasPanels && ShowsColor(context, side),
                    hasPanels && ShowsResin(record, side));
     }
-    CheckControl(dialog, side.Color, (record.ColorSides & side.Bit) != 0);
-    EnableControl(dialog, side.Color, free);
+    CheckControl(dialog, controls.Color, (record.ColorSides & side.Bit) != 0);
+    EnableControl(dialog, controls.Color, free);
 }
 
 }  // namespace
@@ -94,63 +92,57 @@ void FillCardLists(HWND dialog, const DevModePrivate& record) {
     SelectItem(dialog, IDC_THICKNESS, record.CardThickness);
 }
 
-void FillResinList(HWND dialog, const DriverContext& context, const CardSide& side,
+void FillResinList(HWND dialog, const DriverContext& context, const SideControls& controls,
                    ResinChoice precedence, ResinChoice last) {
+    const CardSide& side = controls.Side;
     const DevModePrivate& record = context.WorkingDevMode.Private;
     SetSection(kDeviceOptionSection);
     if (IsResinRibbon(record.RibbonType)) {
         const bool offersGrey = side.Grey != 0 && context.IsKP43Family != 0;
-        FillTranslatedList(dialog, side.Resin,
+        FillTranslatedList(dialog, controls.Resin,
                            std::span(kResinRibbonChoices).first(offersGrey ? 3 : 2));
-        SelectItem(dialog, side.Resin, ChosenResinRibbonUse(record, side));
+        SelectItem(dialog, controls.Resin, ChosenResinRibbonUse(record, side));
     } else if (IsColorRibbon(record.RibbonType)) {
         const size_t first = FirstChoice(record, side);
-        FillTranslatedList(dialog, side.Resin,
+        FillTranslatedList(dialog, controls.Resin,
                            std::span(kResinChoices).subspan(first, last + 1 - first));
-        SelectResin(dialog, record, side, precedence);
+        SelectResin(dialog, record, controls, precedence);
     } else {
-        FillTranslatedList(dialog, side.Resin, {});
+        FillTranslatedList(dialog, controls.Resin, {});
     }
 }
 
 void FillResinLists(HWND dialog, const DriverContext& context, ResinChoice precedence) {
-    for (const CardSide* side : kCardSides) {
-        FillResinList(dialog, context, *side, precedence);
+    for (const SideControls* controls : kSideControls) {
+        FillResinList(dialog, context, *controls, precedence);
     }
 }
 
-void SelectResin(HWND dialog, const DevModePrivate& record, const CardSide& side,
+void SelectResin(HWND dialog, const DevModePrivate& record, const SideControls& controls,
                  ResinChoice precedence) {
-    const int index =
-        ChosenResin(record, side, precedence) - static_cast<int>(FirstChoice(record, side));
-    SelectItem(dialog, side.Resin, std::max(index, 0));
+    const int index = ChosenResin(record, controls.Side, precedence) -
+                      static_cast<int>(FirstChoice(record, controls.Side));
+    SelectItem(dialog, controls.Resin, std::max(index, 0));
 }
 
-void ShowPanels(HWND dialog, const CardSide& side, bool color, bool resin) {
-    ShowControl(dialog, side.Color, color);
-    ShowControl(dialog, side.ResinLabel, resin);
-    ShowControl(dialog, side.Resin, resin);
+void ShowPanels(HWND dialog, const SideControls& controls, bool color, bool resin) {
+    ShowControl(dialog, controls.Color, color);
+    ShowControl(dialog, controls.ResinLabel, resin);
+    ShowControl(dialog, controls.Resin, resin);
 }
 
 void ShowOptions(HWND dialog, const DriverContext& context) {
     const DevModePrivate& record = context.WorkingDevMode.Private;
-    const bool isPortrait = context.WorkingDevMode.Public.dmOrientation == DMORIENT_PORTRAIT;
-    for (const CardSide* side : kCardSides) {
-        ShowSide(dialog, context, *side);
+    for (const SideControls* controls : kSideControls) {
+        ShowSide(dialog, context, *controls);
     }
+    ShowButtons(dialog, context.WorkingDevMode, kOrientationButtons);
+    ShowButtons(dialog, context.WorkingDevMode, kPlainButtons);
     ShowControl(dialog, IDC_BACK_GROUP, ShowsBackPreview(context) || HasPrintableBack(context));
     CheckControl(dialog, IDC_K_ONLY_ON_BACK, record.KOnlyOnBack != 0);
     ShowControl(dialog, IDC_K_ONLY_ON_BACK,
                 HasPrintableBack(context) && OffersKOnlyOnBack(record.RibbonType));
     CheckControl(dialog, IDC_TRANSPARENT_CARD, record.TransparentCard == 1);
-    CheckRadioButton(dialog, IDC_LANDSCAPE, IDC_PORTRAIT,
-                     isPortrait ? IDC_PORTRAIT : IDC_LANDSCAPE);
-    CheckRadioButton(dialog, IDC_STANDARD_MODE, IDC_PHOTO_MODE,
-                     record.PrintingMode == kStandardMode ? IDC_STANDARD_MODE : IDC_PHOTO_MODE);
-    CheckControl(dialog, IDC_ORIENTATION_LOCK, record.OrientationLock != 0);
-    CheckControl(dialog, IDC_SKIP_BLANK_PAGE, record.SkipBlankPage != 0);
-    CheckControl(dialog, IDC_PRINT_AS_OTHER_MODEL, record.PrintAsOtherModel != 0);
-    CheckControl(dialog, IDC_NO_WHITE_SKIP, record.WhiteSkip == 0);
     ShowControl(dialog, IDC_NO_WHITE_SKIP, record.RibbonType != kRibbonYMCKFO);
 }
 
@@ -166,16 +158,8 @@ void ShowModelsControls(HWND dialog, const DriverContext& context) {
     ShowControl(dialog, IDC_THICKNESS, true);
     ShowControl(dialog, IDC_TRANSPARENT_CARD, context.IsKP41Family != 0 && context.IsKP49 == 0);
     ShowControl(dialog, IDC_BACK_PREVIEW, ShowsBackPreview(context));
-    for (const CardSide* side : kCardSides) {
-        SetDlgItemTextW(dialog, side->Color, TEXT("Color Printing"));
-        ShowPanels(dialog, *side, true, true);
+    for (const SideControls* controls : kSideControls) {
+        SetDlgItemTextW(dialog, controls->Color, TEXT("Color Printing"));
+        ShowPanels(dialog, *controls, true, true);
     }
-}
-
-void ShowCopies(HWND dialog, SHORT copies) {
-    SetDlgItemInt(dialog, IDC_COPIES, static_cast<UINT>(copies), FALSE);
-    SendDlgItemMessageW(dialog, IDC_COPIES, EM_LIMITTEXT, kCopiesDigits, 0);
-    HWND arrows = GetDlgItem(dialog, IDC_COPIES_SCROLL);
-    SetScrollRange(arrows, SB_CTL, 1, kMaxCopies, FALSE);
-    SetScrollPos(arrows, SB_CTL, copies, TRUE);
 }

@@ -1,7 +1,6 @@
 // The Lamination page: the laminator's film and parameters.
 #pragma once
 
-#include <windows.h>
+#include "ui/common/page.h"
 
-/// The page's dialog procedure; the page record's lParam is the DriverContext.
-INT_PTR CALLBACK LaminationPageProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+extern const Page kLaminationPage;

@@ -1,0 +1,4 @@
+// The loaded library itself.
+#include "core/module.h"
+
+HINSTANCE ModuleHandle;
