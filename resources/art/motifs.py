@@ -1,6 +1,11 @@
-"""The motifs of the pictures, one function each, in one palette."""
-from raster import (Canvas, Picture, ellipse, linear, moved, path, radial, rectangle, rounded,
-                    thick)
+"""The motifs of the pictures, one function each, and the canvas that they are drawn on.
+
+Boxes are (x, y, width, height) in pixels. Outlines are paths in SVG's notation, with absolute M, C
+and Z only; a paint is a colour, or two for a gradient from the shape's top left to its bottom right.
+"""
+import re
+
+from PIL import Image, ImageColor, ImageDraw
 
 INK = "#3D4B5E"
 WHITE = "#FFFFFF"
@@ -10,7 +15,7 @@ DESK_DOT = "#C8D3E0"
 DESK_EDGE = "#B4C2D2"
 PAPER = ("#FFFFFF", "#EAF0F6")
 CARD = ("#FBFDFF", "#D3E4F4")
-PHOTO = ("#BFE3EA", "#6FB1CB")
+PHOTO = "#97CADB"
 STRIPE = "#2A313C"
 FIRST = "#2B7CC7"   # what belongs to a document's first page,
 SECOND = "#E5803A"  # and to its second
@@ -21,8 +26,99 @@ GOLD = ("#FAE9B0", "#CF9F3C")
 GOLD_LINE = "#7E5E1C"
 
 # The colours that stay as they are where a palette has too few for all
-FLAT_COLORS = (INK, WHITE, BLACK, DESK_EDGE, STRIPE, FIRST, SECOND, SKIN, HAIR,
-               JACKET)
+FLAT_COLORS = [ImageColor.getrgb(color) for color in (
+    WHITE, BLACK, INK, DESK, DESK_DOT, DESK_EDGE, STRIPE, FIRST, SECOND, PHOTO, SKIN, HAIR,
+    JACKET)]
+
+SCALE = 8  # of what is drawn, before it is made smaller to smooth its edges
+CURVE_STEPS = 16
+
+
+# Shapes: functions that draw themselves on a mask
+
+def rectangle(x, y, width, height, radius=0, line=0):
+    """Filled, or a frame when it has a line."""
+    corners = (x * SCALE, y * SCALE, (x + width) * SCALE - 1, (y + height) * SCALE - 1)
+    return lambda pen: pen.rounded_rectangle(
+        corners, radius * SCALE, None if line else 255, 255, max(1, line * SCALE))
+
+
+def ellipse(x, y, radius_x, radius_y):
+    corners = ((x - radius_x) * SCALE, (y - radius_y) * SCALE,
+               (x + radius_x) * SCALE - 1, (y + radius_y) * SCALE - 1)
+    return lambda pen: pen.ellipse(corners, 255)
+
+
+def lines_of(outline, place=0, scale=1):
+    """The points of a path, as complex numbers."""
+    lines = []
+    for command, numbers in re.findall("([MCZ])([^MCZ]*)", outline):
+        values = [float(number) for number in numbers.split()]
+        points = [complex(x, y) * scale + place for x, y in zip(values[::2], values[1::2])]
+        if command == "M":
+            lines.append(points)
+        elif command == "Z":
+            lines[-1].append(lines[-1][0])
+        while command == "C" and points:
+            a, (b, c, d), points = lines[-1][-1], points[:3], points[3:]
+            for step in range(1, CURVE_STEPS + 1):
+                t = step / CURVE_STEPS
+                s = 1 - t
+                lines[-1].append(s**3 * a + 3 * s * s * t * b + 3 * s * t * t * c + t**3 * d)
+    return [[(point.real * SCALE, point.imag * SCALE) for point in line] for line in lines]
+
+
+def area(*path):
+    def draw(pen):
+        for line in lines_of(*path):
+            pen.polygon(line, 255)
+    return draw
+
+
+def stroke(width, *path):
+    """The lines of a round pen."""
+    radius = width * SCALE / 2
+
+    def draw(pen):
+        for line in lines_of(*path):
+            pen.line(line, 255, round(width * SCALE))
+            for x, y in line:
+                pen.ellipse((x - radius, y - radius, x + radius, y + radius), 255)
+    return draw
+
+
+class Canvas:
+    def __init__(self, width, height, ground=None):
+        self.size = (width * SCALE, height * SCALE)
+        self.image = (Image.new("RGB", self.size, ground) if ground
+                      else Image.new("RGBA", self.size))
+
+    def fill(self, shape, paint):
+        mask = Image.new("L", self.size)
+        shape(ImageDraw.Draw(mask))
+        if isinstance(paint, str):
+            self.image.paste(paint, mask=mask)
+            return
+        box = mask.getbbox()
+        corners = Image.new("L", (2, 2))
+        corners.putdata((0, 128, 128, 255))
+        size = (box[2] - box[0], box[3] - box[1])
+        # From the middle of the first pixel to the middle of the last
+        blend = corners.resize(size, Image.Resampling.BILINEAR, (0.5, 0.5, 1.5, 1.5))
+        first, last = (Image.new("RGB", size, color) for color in paint)
+        self.image.paste(Image.composite(last, first, blend), box, mask.crop(box))
+
+    def glow(self, x, y, radius_x, radius_y, color, opacity=1.0):
+        """A spot that fades out from its middle."""
+        size = (round(2 * radius_x * SCALE), round(2 * radius_y * SCALE))
+        # Which is whole only in the corners
+        distance = Image.radial_gradient("L").resize(size)
+        mask = distance.point(lambda value: max(0, 255 - value * 2 ** 0.5) * opacity)
+        self.image.paste(color, (round((x - radius_x) * SCALE), round((y - radius_y) * SCALE)),
+                         mask)
+
+    def picture(self):
+        return self.image.reduce(SCALE)
 
 
 # Small parts
@@ -35,16 +131,10 @@ def box_of(box, part):
             round(y + (part[1] + part[3]) * height) - top)
 
 
-def down(box, colors):
-    """A gradient from a box's top left to its bottom right."""
-    x, y, width, height = box
-    return linear((x, y), (x + width, y + height), *colors)
-
-
-BUST = (  # of a box of 100 x 100
-    (HAIR, "M24 52 C20 10 80 10 76 52 L78 70 L22 70 Z"),
-    (JACKET, "M2 106 C2 76 24 72 40 68 L60 68 C76 72 98 76 98 106 Z"),
-    (SKIN, "M40 54 L40 68 C44 80 56 80 60 68 L60 54 Z"),
+BUST = (  # 100 wide and 100 high
+    (HAIR, "M24 52 C20 10 80 10 76 52 M24 52 76 52 78 70 22 70 Z"),
+    (JACKET, "M2 100 C2 76 24 72 40 68 C50 74 50 74 60 68 C76 72 98 76 98 100 Z"),
+    (SKIN, "M60 54 40 54 40 68 C44 80 56 80 60 68 Z"),
     (SKIN, "M30 40 C30 20 70 20 70 40 C70 58 60 66 50 66 C40 66 30 58 30 40 Z"),
     (HAIR, "M27 46 C24 14 76 12 73 46 C70 40 66 34 60 28 C52 36 36 36 27 46 Z"),
 )
@@ -53,40 +143,25 @@ BUST = (  # of a box of 100 x 100
 def bust(canvas, box):
     """A person's head and shoulders, small."""
     x, y, width, height = box
-    canvas.clip(rectangle(*box))
-    canvas.fill(rectangle(*box), down(box, PHOTO))
+    canvas.fill(rectangle(*box), PHOTO)
     for color, outline in BUST:
-        canvas.fill(moved(path(outline), x, y, width / 100, height / 100), color)
-    canvas.clip()
-
-
-def blank_card(canvas, box, line):
-    x, y, width, height = box
-    radius = 0.075 * max(width, height) + line / 2
-    canvas.fill(rounded(*box, radius), INK)
-    inside = (x + line, y + line, width - 2 * line, height - 2 * line)
-    shape = rounded(*inside, radius - line)
-    canvas.fill(shape, down(inside, CARD))
-    return inside, shape
+        canvas.fill(area(outline, complex(x, y + height - width), width / 100), color)
 
 
 # By whether the card is a portrait one: the band, the photo, and the lines of text
 FRONT = {
-    False: ((0, 0, 1, .2), (.08, .32, .32, .56), ((.5, .42, .42), (.5, .61, .42), (.5, .8, .26))),
-    True: ((0, 0, 1, .13), (.22, .22, .56, .4), ((.16, .72, .68), (.16, .84, .44))),
+    False: ((0, 0, 1, .2), (.08, .32, .32, .53), ((.5, .42, .42), (.5, .61, .42), (.5, .8, .26))),
+    True: ((0, 0, 1, .13), (.22, .23, .56, .36), ((.16, .72, .68), (.16, .84, .44))),
 }
 
 
-def card_front(canvas, box, line):
-    inside, shape = blank_card(canvas, box, line)
-    band, photo, texts = FRONT[box[3] > box[2]]
-    canvas.clip(shape)
+def card_front(canvas, inside, line):
+    band, photo, texts = FRONT[inside[3] > inside[2]]
     canvas.fill(rectangle(*box_of(inside, band)), FIRST)
-    canvas.clip()
     bust(canvas, box_of(inside, photo))
-    for x, y, width in texts:
-        left, top, width, _ = box_of(inside, (x, y, width, 0))
-        canvas.fill(rounded(left, top - line // 2, width, line, line / 3), INK)
+    for text in texts:
+        left, top, width, _ = box_of(inside, (*text, 0))
+        canvas.fill(rectangle(left, top - line // 2, width, line, line / 3), INK)
 
 
 # The stripe, and the panel to sign on
@@ -96,13 +171,18 @@ BACK = {
 }
 
 
-def card_back(canvas, box, line):
-    inside, shape = blank_card(canvas, box, line)
-    stripe, panel = BACK[box[3] > box[2]]
-    canvas.clip(shape)
+def card_back(canvas, inside, line):
+    stripe, panel = BACK[inside[3] > inside[2]]
     canvas.fill(rectangle(*box_of(inside, stripe)), STRIPE)
-    canvas.clip()
-    canvas.fill(rounded(*box_of(inside, panel), line / 2), DESK_EDGE)
+    canvas.fill(rectangle(*box_of(inside, panel), line / 2), DESK_EDGE)
+
+
+def card(canvas, box, line, side):
+    x, y, width, height = box
+    radius = 0.075 * max(width, height) + line / 2
+    canvas.fill(rectangle(*box, radius), CARD)
+    side(canvas, (x + line, y + line, width - 2 * line, height - 2 * line), line)
+    canvas.fill(rectangle(*box, radius, line), INK)
 
 
 # The preview: the desk, the mark of the back, and what lies on the card
@@ -111,132 +191,113 @@ def tile():
     canvas = Canvas(10, 10, DESK)
     for x, y in ((2, 2), (7, 7)):
         canvas.fill(rectangle(x, y, 1, 1), DESK_DOT)
-    return Picture.of(canvas)
+    return canvas.picture()
 
 
 # By whether the card is a portrait one: the card, the turn around it, the arrow's head
 BACK_MARK = {
-    False: ((6, 7, 28, 18), "M6 29 C6 39 37 40 37 29", "M37 20 L42 29 L32 29 Z"),
-    True: ((12, 4, 18, 28), "M7 28 C7 43 35 43 35 31", "M35 22 L40 31 L30 31 Z"),
+    False: ((6, 7, 28, 18), "M6 29 C6 39 37 40 37 29", "M37 20 42 29 32 29 Z"),
+    True: ((12, 4, 18, 28), "M7 28 C7 43 35 43 35 31", "M35 22 40 31 30 31 Z"),
 }
 
 
 def back_mark(is_portrait):
     canvas = Canvas(48, 48, DESK)
-    canvas.fill(rounded(0.5, 0.5, 43, 43, 7), DESK_EDGE)
-    canvas.fill(rounded(1.5, 1.5, 41, 41, 6), DESK)
-    card, turn, head = BACK_MARK[is_portrait]
-    card_back(canvas, card, 2)
+    canvas.fill(rectangle(0.5, 0.5, 43, 43, 7, 1), DESK_EDGE)
+    box, turn, head = BACK_MARK[is_portrait]
+    card(canvas, box, 2, card_back)
     # A gap in the ground's colour where the arrow passes before the card
-    canvas.fill(thick(path(turn), 5) + thick(path(head), 2), DESK)
-    canvas.stroke(path(turn), 3, FIRST)
-    canvas.fill(path(head), FIRST)
-    return Picture.of(canvas)
+    canvas.fill(stroke(5, turn), DESK)
+    canvas.fill(stroke(2, head), DESK)
+    canvas.fill(stroke(3, turn), FIRST)
+    canvas.fill(area(head), FIRST)
+    return canvas.picture()
+
+
+PORTRAIT = (
+    # The hair behind
+    (area("M12 42 C9 15 22 7 32 7 C45 7 53 17 51 40 C51 50 54 57 50 64 "
+          "C40 67 22 67 13 64 C9 57 12 50 12 42 Z"), ("#8A4B2A", "#3A1C12")),
+    # The jacket, the shirt, the neck, and the shirt's collar
+    (area("M1 83 C2 69 10 67 23 61.5 C30 65 34 65 40 61.5 C52 67 60 69 61 83 Z"),
+     ("#DC5674", "#7A2358")),
+    (area("M22 62 29 83 34 83 41 62 Z"), ("#FFFFFF", "#D5E0EC")),
+    (area("M25 48 25 61 31.5 70 38 61 38 48 Z"), ("#D4956E", "#F0C09A")),
+    (area("M24.6 58.6 31.5 69 27 74 21.5 62.5 Z"), "#FFFFFF"),
+    (area("M38.4 58.6 31.5 69 36 74 41.5 62.5 Z"), "#E9F0F7"),
+    # The lapels
+    (area("M21 62.3 29.5 83 24.5 83 15.5 72.6 18.8 71 16.2 67 Z"), ("#EC7D92", "#B93F66")),
+    (area("M42 62.3 33.5 83 38.5 83 47.5 72.6 44.2 71 46.8 67 Z"), ("#C04A6E", "#8E2C5C")),
+    # The face
+    (area("M19 34 C19 20 25 15 32 15 C39 15 44.5 20 44.5 34 C44.5 46 38 55 32 55 "
+          "C25.5 55 19 46 19 34 Z"), ("#FFDDC0", "#E2A27C")),
+)
+HEAD = (
+    # The fringe, parted on one side, and its shine
+    (area("M17 42 C14 18 24 9 33 9.5 C44 10 50 20 47 42 C45.5 32 43 26 38 20 "
+          "C33 27 22 28 19.5 34 Z"), ("#9C5832", "#4A2416")),
+    (stroke(1.6, "M21.5 24 C23 18 27 14.5 31.5 14"), ("#8E4E2C", "#C07A4A")),
+    # The eyes, their lids and brows
+    *((ellipse(x, 36.2, 2.9, 1.8), "#FFFFFF") for x in (26, 37.6)),
+    *((ellipse(x, 36.2, 1.7, 1.8), "#3B6B7C") for x in (26.2, 37.8)),
+    *((ellipse(x, 36.2, 0.9, 0.9), "#14222C") for x in (26.2, 37.8)),
+    (stroke(0.9, "M22.8 35.6 C24 33.8 28 33.8 29.2 35.6 M34.4 35.6 C35.6 33.8 39.6 33.8 "
+            "40.8 35.6"), "#3A1C12"),
+    (stroke(1.2, "M22.8 31.6 C24.5 30.2 27.5 30.2 29.3 31.4 M34.3 31.4 C36.2 30.2 39.2 30.2 "
+            "40.8 31.6"), "#6B3A22"),
+    # The nose and the mouth
+    (stroke(0.9, "M32.2 36.5 C32.6 39.5 34 41 33.2 42.4 C32.4 43 31.4 43 30.6 42.6"), "#C98660"),
+    (area("M27.2 46.6 C29 45.8 31 45.4 32 46 C33 45.4 35 45.8 36.8 46.6 "
+          "C35 50.4 29 50.4 27.2 46.6 Z"), "#C6434C"),
+    (area("M28.6 46.8 C30.6 47.2 33.4 47.2 35.4 46.8 C34.4 48.2 29.6 48.2 28.6 46.8 Z"),
+     "#FFF4EE"),
+)
 
 
 def portrait():
-    canvas = Canvas(62, 82)
-    for shape, paint in (*_behind(), *_clothes(), *_face(), *_features()):
+    canvas = Canvas(62, 82, "#2F86AE")
+    canvas.glow(22, 26, 56, 66, "#D6F1EE")
+    for shape, paint in PORTRAIT:
         canvas.fill(shape, paint)
-    return Picture.of(canvas)
-
-
-def _behind():
-    return (
-        (rectangle(0, 0, 62, 82), radial(22, 26, 56, 66, "#D6F1EE", "#2F86AE")),
-        (path("M12 42 C9 15 22 7 32 7 C45 7 53 17 51 40 C51 50 54 57 50 64 "
-              "C40 67 22 67 13 64 C9 57 12 50 12 42 Z"),
-         linear((14, 10), (48, 64), "#8A4B2A", "#3A1C12")),
-    )
-
-
-def _clothes():
-    return (
-        (path("M1 83 C2 69 10 67 23 61.5 L40 61.5 C52 67 60 69 61 83 Z"),
-         linear((8, 62), (56, 82), "#DC5674", "#7A2358")),
-        # The shirt, the neck, and the shirt's collar
-        (path("M22 62 L29 83 L34 83 L41 62 Z"),
-         linear((24, 66), (40, 80), "#FFFFFF", "#D5E0EC")),
-        (path("M25 48 L25 61 L31.5 70 L38 61 L38 48 Z"),
-         linear((25, 52), (38, 68), "#D4956E", "#F0C09A")),
-        (path("M24.6 58.6 L31.5 69 L27 74 L21.5 62.5 Z"), "#FFFFFF"),
-        (path("M38.4 58.6 L31.5 69 L36 74 L41.5 62.5 Z"), "#E9F0F7"),
-        # The lapels
-        (path("M21 62.3 L29.5 83 L24.5 83 L15.5 72.6 L18.8 71 L16.2 67 Z"),
-         linear((17, 64), (28, 80), "#EC7D92", "#B93F66")),
-        (path("M42 62.3 L33.5 83 L38.5 83 L47.5 72.6 L44.2 71 L46.8 67 Z"),
-         linear((46, 64), (35, 80), "#C04A6E", "#8E2C5C")),
-    )
-
-
-def _face():
-    return (
-        (path("M19 34 C19 20 25 15 32 15 C39 15 44.5 20 44.5 34 C44.5 46 38 55 32 55 "
-              "C25.5 55 19 46 19 34 Z"),
-         linear((20, 24), (45, 48), "#FFDDC0", "#E2A27C")),
-        (ellipse(24.5, 43, 4, 3), radial(24.5, 43, 4, 3, "#EE7F7A70", "#EE7F7A00")),
-        (ellipse(39.5, 43, 4, 3), radial(39.5, 43, 4, 3, "#E0706A70", "#E0706A00")),
-        # The fringe, parted on one side, and its shine
-        (path("M17 42 C14 18 24 9 33 9.5 C44 10 50 20 47 42 C45.5 32 43 26 38 20 "
-              "C33 27 22 28 19.5 34 Z"),
-         linear((18, 12), (48, 36), "#9C5832", "#4A2416")),
-        (thick(path("M21.5 24 C23 18 27 14.5 31.5 14"), 1.6),
-         linear((21, 24), (31, 14), "#D08A5600", "#D08A56C0")),
-    )
-
-
-def _features():
-    return (
-        *((ellipse(x, 36.2, 2.9, 1.8), "#FFFFFF") for x in (26, 37.6)),
-        *((ellipse(x, 36.2, 1.7, 1.8), "#3B6B7C") for x in (26.2, 37.8)),
-        *((ellipse(x, 36.2, 0.9, 0.9), "#14222C") for x in (26.2, 37.8)),
-        (thick(path("M22.8 35.6 C24 33.8 28 33.8 29.2 35.6 M34.4 35.6 C35.6 33.8 39.6 33.8 "
-                    "40.8 35.6"), 0.9), "#3A1C12"),
-        (thick(path("M22.8 31.6 C24.5 30.2 27.5 30.2 29.3 31.4 M34.3 31.4 C36.2 30.2 39.2 30.2 "
-                    "40.8 31.6"), 1.2), "#6B3A22"),
-        (thick(path("M32.2 36.5 C32.6 39.5 34 41 33.2 42.4 C32.4 43 31.4 43 30.6 42.6"), 0.9),
-         "#C98660"),
-        (path("M27.2 46.6 C29 45.8 31 45.4 32 46 C33 45.4 35 45.8 36.8 46.6 "
-              "C35 50.4 29 50.4 27.2 46.6 Z"), "#C6434C"),
-        (path("M28.6 46.8 C30.6 47.2 33.4 47.2 35.4 46.8 C34.4 48.2 29.6 48.2 28.6 46.8 Z"),
-         "#FFF4EE"),
-    )
+    for x in (24.5, 39.5):
+        canvas.glow(x, 43, 4, 3, "#E8776F", 0.44)
+    for shape, paint in HEAD:
+        canvas.fill(shape, paint)
+    return canvas.picture()
 
 
 # Letters of strokes: the width, and the lines on a height of 100 (the widths are to that scale)
 GLYPHS = {
-    "N": (70, "M0 100 L0 0 L70 100 L70 0"),
-    "a": (52, "M6 44 C16 32 50 28 50 54 L50 100 M50 66 C20 62 0 68 0 84 C0 106 44 104 50 80"),
-    "m": (88, "M0 100 L0 38 M0 60 C2 28 44 30 44 60 L44 100 M44 60 C46 28 88 30 88 60 L88 100"),
-    "e": (54, "M0 68 L54 68 C54 26 0 26 0 68 C0 106 40 106 52 90"),
-    "I": (0, "M0 0 L0 100"),
-    "D": (62, "M0 0 L0 100 L24 100 C76 100 76 0 24 0 Z"),
+    "N": (70, "M0 100 0 0 70 100 70 0"),
+    "a": (52, "M6 44 C16 32 50 28 50 54 M50 54 50 100 M50 66 C20 62 0 68 0 84 C0 106 44 104 50 80"),
+    "m": (88, "M0 100 0 38 M0 60 C2 28 44 30 44 60 M44 100 44 60 C46 28 88 30 88 60 M88 60 88 100"),
+    "e": (54, "M0 68 54 68 C54 26 0 26 0 68 C0 106 40 106 52 90"),
+    "I": (0, "M0 0 0 100"),
+    "D": (62, "M24 100 0 100 0 0 24 0 C76 0 76 100 24 100"),
     " ": (24, ""),
-    "1": (36, "M2 24 L36 0 L36 100"),
-    "2": (58, "M2 26 C2 -9 56 -9 56 28 C56 50 2 74 2 100 L58 100"),
+    "1": (46, "M0 24 27 2 27 100 M0 100 50 100"),
+    "2": (58, "M2 26 C2 -9 56 -9 56 28 C56 50 2 74 2 100 M2 100 58 100"),
     "3": (56, "M2 12 C20 -8 54 -2 54 24 C54 44 36 48 22 48 C40 48 56 54 56 74 "
               "C56 106 14 108 0 86"),
-    "4": (62, "M46 100 L46 0 L0 68 L62 68"),
+    "4": (62, "M46 100 46 0 0 68 62 68"),
 }
 
 
-def letters(text, x, y, height, gap):
-    """The lines of a text whose upper left corner is given."""
-    lines = []
+def write(canvas, text, place, height, gap, width, paint=BLACK):
+    """A line of text whose upper left corner and stroke width are given."""
     for character in text:
-        width, outline = GLYPHS[character]
-        lines += moved(path(outline), x, y, height / 100)
-        x += width * height / 100 + gap
-    return lines
+        advance, outline = GLYPHS[character]
+        canvas.fill(stroke(width, outline, place, height / 100), paint)
+        place += advance * height / 100 + gap
 
 
 def card_text():
     canvas = Canvas(69, 43, WHITE)
-    canvas.stroke(letters("Name", 5, 4, 16, 5.4), 3.2, BLACK)
-    canvas.stroke(letters("ID 1234", 4.5, 25, 9, 3.9), 2, BLACK)
+    write(canvas, "Name", 5 + 4j, 16, 5.4, 3.2)
+    write(canvas, "ID 1234", 4.5 + 25j, 9, 3.9, 2)
     canvas.fill(rectangle(3, 38, 63, 1), BLACK)
     canvas.fill(rectangle(3, 40, 42, 1), BLACK)
-    return Picture.of(canvas)
+    return canvas.picture()
 
 
 BAYER = ((0, 2), (3, 1))
@@ -251,56 +312,54 @@ def threshold(x, y, levels=3):
 
 
 def dither():
-    """A ball and its shadow, in dots of resin."""
+    """A ball and its shadow, in dots of resin, at the bottom right of a card."""
     canvas = Canvas(96, 96, WHITE)
-    canvas.fill(ellipse(52, 82, 42, 11), radial(52, 82, 42, 11, "#000000D0", "#00000000"))
-    canvas.fill(ellipse(47, 45, 41), radial(33, 29, 66, 66, "#FFFFFF", "#000000"))
-    rows = Picture.of(canvas).rows
-    return Picture([[(255, 255, 255, 255) if pixel[0] / 255 > threshold(x, y) else (0, 0, 0, 255)
-                     for x, pixel in enumerate(row)] for y, row in enumerate(rows)])
+    canvas.glow(52, 82, 42, 11, BLACK, 0.8)
+    canvas.fill(ellipse(47, 45, 41, 41), BLACK)
+    canvas.glow(33, 29, 66, 66, WHITE)
+    picture = canvas.picture()
+    picture.putdata([(255 if pixel[0] / 255 > threshold(i % 96, i // 96) else 0,) * 3
+                     for i, pixel in enumerate(picture.getdata())])
+    # The card's edges are just outside; its round corner is not.
+    ImageDraw.Draw(picture).rounded_rectangle((-20, -20, 97, 97), 9, outline=BLACK, width=2)
+    return picture
 
 
 def chip():
     canvas = Canvas(31, 31, WHITE)
-    canvas.fill(rounded(1, 3, 29, 25, 5), GOLD_LINE)
-    canvas.fill(rounded(2, 4, 27, 23, 4), linear((4, 4), (27, 27), *GOLD))
+    canvas.fill(rectangle(1, 3, 29, 25, 5), GOLD)
+    canvas.fill(rectangle(1, 3, 29, 25, 5, 1), GOLD_LINE)
     for y in (9, 15, 21):
-        canvas.fill(rectangle(2, y, 8, 1), GOLD_LINE)
-        canvas.fill(rectangle(21, y, 8, 1), GOLD_LINE)
-    canvas.fill(rounded(9, 6, 13, 19, 4), GOLD_LINE)
-    canvas.fill(rounded(10, 7, 11, 17, 3), linear((8, 6), (22, 26), *GOLD))
-    canvas.fill(rectangle(15, 4, 1, 3), GOLD_LINE)
-    canvas.fill(rectangle(15, 24, 1, 3), GOLD_LINE)
-    return Picture.of(canvas)
+        canvas.fill(rectangle(2, y, 27, 1), GOLD_LINE)
+    canvas.fill(rectangle(15, 4, 1, 23), GOLD_LINE)
+    canvas.fill(rectangle(9, 6, 13, 19, 4), GOLD)
+    canvas.fill(rectangle(9, 6, 13, 19, 4, 1), GOLD_LINE)
+    return canvas.picture()
 
 
 # The order of pages. The pictures are shown at two fifths of their size: all lines are thick.
 
 LINE = 6
 FOLD = 24
-DIGITS = {"1": "M6 26 L32 6 L32 94 M8 94 L54 94",
-          "2": "M6 30 C6 -4 54 -4 54 30 C54 54 6 70 6 94 L56 94"}
 ACCENTS = {"1": FIRST, "2": SECOND}
 
 
 def sheet_of_paper(canvas, box, digit):
-    x, y, width, height = (box[0] + LINE / 2, box[1] + LINE / 2, box[2] - LINE, box[3] - LINE)
+    x, y, width, height = box[0] + LINE / 2, box[1] + LINE / 2, box[2] - LINE, box[3] - LINE
     right, bottom = x + width, y + height
-    outline = [[(x, y), (right - FOLD, y), (right, y + FOLD), (right, bottom), (x, bottom),
-                (x, y)]]
-    fold = [[(right - FOLD, y), (right - FOLD, y + FOLD), (right, y + FOLD)]]
-    canvas.fill(outline, down(box, PAPER))
-    canvas.fill(fold, DESK_EDGE)
-    canvas.stroke(outline + fold, LINE, INK)
-    scale = height * 0.5 / 100
-    number = moved(path(DIGITS[digit]), x + width / 2 - 31 * scale, y + height * 0.34, scale)
-    canvas.stroke(number, 13, ACCENTS[digit])
+    outline = f"M{right - FOLD} {y} {right} {y + FOLD} {right} {bottom} {x} {bottom} {x} {y} Z"
+    fold = f"M{right - FOLD} {y} {right - FOLD} {y + FOLD} {right} {y + FOLD}"
+    canvas.fill(area(outline), PAPER)
+    canvas.fill(area(fold), DESK_EDGE)
+    canvas.fill(stroke(LINE, outline + fold), INK)
+    write(canvas, digit, complex(x + width / 2 - height * 0.125, y + height * 0.37),
+          height * 0.44, 0, 13, ACCENTS[digit])
 
 
 def arrow(canvas, x, top, bottom, digit):
     neck = bottom - 22
-    canvas.fill([[(x - 8, top), (x + 8, top), (x + 8, neck), (x + 21, neck), (x, bottom),
-                  (x - 21, neck), (x - 8, neck)]], ACCENTS[digit])
+    canvas.fill(rectangle(x - 8, top, 16, neck - top), ACCENTS[digit])
+    canvas.fill(area(f"M{x - 21} {neck} {x + 21} {neck} {x} {bottom}"), ACCENTS[digit])
 
 
 # By whether the card is a portrait one, and the printed sides: for every page its sheet, its arrow
@@ -319,20 +378,19 @@ PAGE_ORDERS = {
 
 def page_order(is_portrait, sides):
     canvas = Canvas(210, 330, WHITE)
-    for digit, (sheet, way, card, side) in zip("12", PAGE_ORDERS[is_portrait, sides]):
+    for digit, (sheet, way, box, side) in zip("12", PAGE_ORDERS[is_portrait, sides]):
         sheet_of_paper(canvas, sheet, digit)
         arrow(canvas, *way, digit)
-        side(canvas, card, LINE)
-    return Picture.of(canvas)
+        card(canvas, box, LINE, side)
+    return canvas.picture()
 
 
 # Icons, by the side of the square: the card's place in landscape format, and its lines
-
 ICONS = {32: ((1, 6, 30, 20), 1), 48: ((1, 9, 46, 30), 2)}
 
 
 def icon(size, is_portrait):
     (x, y, width, height), line = ICONS[size]
     canvas = Canvas(size, size)
-    card_front(canvas, (y, x, height, width) if is_portrait else (x, y, width, height), line)
-    return Picture.of(canvas)
+    card(canvas, (y, x, height, width) if is_portrait else (x, y, width, height), line, card_front)
+    return canvas.picture()
