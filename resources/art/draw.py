@@ -2,6 +2,7 @@
 """Draws the pictures and icons of the driver's dialogs, and writes them where the dialogs' resource
 script looks for them. Needs Debian's python3-pil. No part of the build: what it makes is kept.
 """
+import math
 import pathlib
 import struct
 import sys
@@ -21,22 +22,19 @@ MIRROR = Image.Transpose.FLIP_LEFT_RIGHT
 def reduced(image, bits):
     """The picture with a palette. The motifs' flat colours stay as they are: a picture's ground has
     to go over into what lies around it."""
-    pixels = list(image.getdata())
-    colors = set(pixels)
-    flat = [color for color in motifs.FLAT_COLORS if color in colors]
-    others = [color for color in pixels if color not in flat]
-    palette = [value for color in flat for value in color]
-    places = iter(())
+    colors = set(image.getdata())
+    palette = [color for color in motifs.FLAT_COLORS if color in colors]
+    others = sorted(colors.difference(palette))
     if others:
         rest = Image.new("RGB", (len(others), 1))
         rest.putdata(others)
-        rest = rest.quantize(2 ** bits - len(flat), kmeans=1)
-        palette += rest.getpalette()
-        places = iter(rest.getdata())
+        rest = rest.quantize(2 ** bits - len(palette), kmeans=1)
+        palette += sorted(set(rest.convert("RGB").getdata()))
+    places = {color: min(range(len(palette)), key=lambda place: math.dist(color, palette[place]))
+              for color in colors}
     result = Image.new("P", image.size)
-    result.putdata([flat.index(color) if color in flat else len(flat) + next(places)
-                    for color in pixels])
-    result.putpalette(palette[:3 * 2 ** bits])
+    result.putdata([places[color] for color in image.getdata()])
+    result.putpalette([value for color in palette for value in color])
     return result
 
 

@@ -13,8 +13,8 @@ BLACK = "#000000"
 DESK = "#DDE5EE"
 DESK_DOT = "#C8D3E0"
 DESK_EDGE = "#B4C2D2"
-PAPER = ("#FFFFFF", "#EAF0F6")
-CARD = ("#FBFDFF", "#D3E4F4")
+PAPER = "#F4F8FB"
+CARD = "#E7F0F9"
 PHOTO = "#97CADB"
 STRIPE = "#2A313C"
 FIRST = "#2B7CC7"   # what belongs to a document's first page,
@@ -27,8 +27,8 @@ GOLD_LINE = "#7E5E1C"
 
 # The colours that stay as they are where a palette has too few for all
 FLAT_COLORS = [ImageColor.getrgb(color) for color in (
-    WHITE, BLACK, INK, DESK, DESK_DOT, DESK_EDGE, STRIPE, FIRST, SECOND, PHOTO, SKIN, HAIR,
-    JACKET)]
+    WHITE, BLACK, INK, PAPER, CARD, DESK, DESK_DOT, DESK_EDGE, STRIPE, FIRST, SECOND,
+    PHOTO, SKIN, HAIR, JACKET)]
 
 SCALE = 8  # of what is drawn, before it is made smaller to smooth its edges
 CURVE_STEPS = 16
@@ -300,29 +300,16 @@ def card_text():
     return canvas.picture()
 
 
-BAYER = ((0, 2), (3, 1))
-
-
-def threshold(x, y, levels=3):
-    """The Bayer matrix's share from 0 to 1 at this pixel."""
-    value = 0
-    for level in range(levels):
-        value = 4 * value + BAYER[y >> level & 1][x >> level & 1]
-    return (value + 0.5) / 4 ** levels
-
-
 def dither():
     """A ball and its shadow, in dots of resin, at the bottom right of a card."""
     canvas = Canvas(96, 96, WHITE)
     canvas.glow(52, 82, 42, 11, BLACK, 0.8)
     canvas.fill(ellipse(47, 45, 41, 41), BLACK)
     canvas.glow(33, 29, 66, 66, WHITE)
-    picture = canvas.picture()
-    picture.putdata([(255 if pixel[0] / 255 > threshold(i % 96, i // 96) else 0,) * 3
-                     for i, pixel in enumerate(picture.getdata())])
+    picture = canvas.picture().convert("1")
     # The card's edges are just outside; its round corner is not.
-    ImageDraw.Draw(picture).rounded_rectangle((-20, -20, 97, 97), 9, outline=BLACK, width=2)
-    return picture
+    ImageDraw.Draw(picture).rounded_rectangle((-20, -20, 97, 97), 9, outline=0, width=2)
+    return picture.convert("RGB")
 
 
 def chip():
@@ -362,23 +349,24 @@ def arrow(canvas, x, top, bottom, digit):
     canvas.fill(area(f"M{x - 21} {neck} {x + 21} {neck} {x} {bottom}"), ACCENTS[digit])
 
 
-# By whether the card is a portrait one, and the printed sides: for every page its sheet, its arrow
-# (the middle, top and bottom), the card and the card's side
+# By whether the card is a portrait one, and the number of pages: for every page the places of its
+# sheet, its arrow (the middle, top and bottom) and its card
 PAGE_ORDERS = {
-    (False, "both"): (((16, 12, 78, 98), (55, 118, 156), (10, 164, 112, 71), card_front),
-                      ((116, 12, 78, 98), (155, 118, 240), (88, 248, 112, 71), card_back)),
-    (False, "front"): (((57, 14, 96, 120), (105, 144, 192), (20, 204, 170, 107), card_front),),
-    (False, "back"): (((57, 14, 96, 120), (105, 144, 192), (20, 204, 170, 107), card_back),),
-    (True, "both"): (((14, 12, 80, 100), (54, 122, 168), (12, 180, 84, 134), card_front),
-                     ((116, 12, 80, 100), (156, 122, 168), (114, 180, 84, 134), card_back)),
-    (True, "front"): (((61, 12, 88, 110), (105, 130, 166), (58, 174, 94, 148), card_front),),
-    (True, "back"): (((61, 12, 88, 110), (105, 130, 166), (58, 174, 94, 148), card_back),),
+    (False, 1): (((57, 14, 96, 120), (105, 144, 192), (20, 204, 170, 107)),),
+    (False, 2): (((16, 12, 78, 98), (55, 118, 156), (10, 164, 112, 71)),
+                 ((116, 12, 78, 98), (155, 118, 240), (88, 248, 112, 71))),
+    (True, 1): (((61, 12, 88, 110), (105, 130, 166), (58, 174, 94, 148)),),
+    (True, 2): (((14, 12, 80, 100), (54, 122, 168), (12, 180, 84, 134)),
+                ((116, 12, 80, 100), (156, 122, 168), (114, 180, 84, 134))),
 }
+SIDES = {"both": (card_front, card_back), "front": (card_front,), "back": (card_back,)}
 
 
 def page_order(is_portrait, sides):
     canvas = Canvas(210, 330, WHITE)
-    for digit, (sheet, way, box, side) in zip("12", PAGE_ORDERS[is_portrait, sides]):
+    sides = SIDES[sides]
+    places = PAGE_ORDERS[is_portrait, len(sides)]
+    for digit, (sheet, way, box), side in zip("12", places, sides):
         sheet_of_paper(canvas, sheet, digit)
         arrow(canvas, *way, digit)
         card(canvas, box, LINE, side)
