@@ -17,11 +17,15 @@ RESOURCES = pathlib.Path(__file__).resolve().parent.parent
 FORMATS = ((False, "landscape"), (True, "portrait"))  # of a card
 HALF_TURN, QUARTER_TURN = Image.Transpose.ROTATE_180, Image.Transpose.ROTATE_270
 MIRROR = Image.Transpose.FLIP_LEFT_RIGHT
+BITS = {"portrait": 8, "portrait_rotated": 8, "dither": 1}  # a pixel; all others have 4
 
 
 def reduced(image, bits):
-    """The picture with a palette. The motifs' flat colours stay as they are: a picture's ground has
-    to go over into what lies around it."""
+    """The picture with a palette, which depends on its colours only, not on their places.
+
+    The motifs' flat colours stay as they are: a picture's ground has to go over into what lies
+    around it.
+    """
     colors = set(image.getdata())
     palette = [color for color in motifs.FLAT_COLORS if color in colors]
     others = sorted(colors.difference(palette))
@@ -39,56 +43,52 @@ def reduced(image, bits):
 
 
 def bitmaps():
-    """All bitmaps by name, each with its bits a pixel."""
-    # Turned only afterwards, so that the turned pictures have the same pixels.
-    face = reduced(motifs.portrait(), 8)
-    text = reduced(motifs.card_text(), 4)
-    chip = reduced(motifs.chip(), 4)
+    """All bitmaps by name. Those that are turned are made of the upright ones."""
+    face, text, chip = motifs.portrait(), motifs.card_text(), motifs.chip()
+    flipped = text.transpose(MIRROR)
     pictures = {
-        "tile": (reduced(motifs.tile(), 4), 4),
-        "portrait": (face, 8),
-        "portrait_rotated": (face.transpose(HALF_TURN), 8),
-        "text": (text, 4),
-        "text_rotated": (text.transpose(HALF_TURN), 4),
-        "text_flipped": (text.transpose(MIRROR), 4),
-        "text_flipped_rotated": (text.transpose(MIRROR).transpose(HALF_TURN), 4),
-        "dither": (reduced(motifs.dither(), 1), 1),
-        "chip_landscape": (chip, 4),
-        "chip_portrait": (chip.transpose(QUARTER_TURN), 4),
+        "tile": motifs.tile(),
+        "portrait": face,
+        "portrait_rotated": face.transpose(HALF_TURN),
+        "text": text,
+        "text_rotated": text.transpose(HALF_TURN),
+        "text_flipped": flipped,
+        "text_flipped_rotated": flipped.transpose(HALF_TURN),
+        "dither": motifs.dither(),
+        "chip_landscape": chip,
+        "chip_portrait": chip.transpose(QUARTER_TURN),
     }
     for is_portrait, name in FORMATS:
-        pictures[f"back_mark_{name}"] = (reduced(motifs.back_mark(is_portrait), 4), 4)
-        for sides in ("both", "front", "back"):
-            pictures[f"page_order_{name}_{sides}"] = (
-                reduced(motifs.page_order(is_portrait, sides), 4), 4)
+        pictures[f"back_mark_{name}"] = motifs.back_mark(is_portrait)
+        for sides in motifs.SIDES:
+            pictures[f"page_order_{name}_{sides}"] = motifs.page_order(is_portrait, sides)
     return pictures
 
 
 # The files. Pillow's own BMP files have no 4 bits a pixel, its icons no masks.
-
-def info_header(width, height, bits, colors):
-    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, 0, 0, 0, colors, 0)
-
 
 def packed(image, form, bits):
     """The rows from the last to the first, each filled up to whole groups of four bytes."""
     return image.tobytes("raw", form, (image.width * bits + 31) // 32 * 4, -1)
 
 
+def dib(width, height, bits, palette, pixels):
+    return struct.pack("<IiiHHIIiiII", 40, width, height, 1, bits, 0, len(pixels), 0, 0,
+                       len(palette) // 4, 0) + palette + pixels
+
+
 def bmp(image, bits):
     palette = bytes(image.getpalette("BGRX"))
-    start = 14 + 40 + len(palette)
-    pixels = packed(image, "P" if bits == 8 else f"P;{bits}", bits)
-    return (struct.pack("<2sIHHI", b"BM", start + len(pixels), 0, 0, start)
-            + info_header(*image.size, bits, len(palette) // 4) + palette + pixels)
+    body = dib(*image.size, bits, palette, packed(image, "P" if bits == 8 else f"P;{bits}", bits))
+    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40 + len(palette)) + body
 
 
 def icon_image(image):
-    """The header's height counts the colours and the mask, which keeps what is behind the icon
-    where opacities are not understood."""
+    # A mask bit keeps what is behind the icon where opacities are not understood.
     mask = image.getchannel("A").point(lambda opacity: 0 if opacity else 255).convert("1")
-    return (info_header(image.width, 2 * image.height, 32, 0) + packed(image, "BGRA", 32)
-            + packed(mask, "1", 1))
+    # The height counts the colours and the mask.
+    return dib(image.width, 2 * image.height, 32, b"",
+               packed(image, "BGRA", 32) + packed(mask, "1", 1))
 
 
 def ico(images):
@@ -102,8 +102,9 @@ def ico(images):
 
 
 def main():
-    for name, (image, bits) in bitmaps().items():
-        (RESOURCES / "bitmaps" / f"{name}.bmp").write_bytes(bmp(image, bits))
+    for name, image in bitmaps().items():
+        bits = BITS.get(name, 4)
+        (RESOURCES / "bitmaps" / f"{name}.bmp").write_bytes(bmp(reduced(image, bits), bits))
     for is_portrait, name in FORMATS:
         images = [motifs.icon(size, is_portrait) for size in motifs.ICONS]
         (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico(images))

@@ -1,7 +1,8 @@
 """The motifs of the pictures, one function each, and the canvas that they are drawn on.
 
 Boxes are (x, y, width, height) in pixels. Outlines are paths in SVG's notation, with absolute M, C
-and Z only; a paint is a colour, or two for a gradient from the shape's top left to its bottom right.
+and Z only. A paint is a colour, or two for a gradient from the shape's top left to its bottom
+right.
 """
 import re
 
@@ -111,8 +112,7 @@ class Canvas:
     def glow(self, x, y, radius_x, radius_y, color, opacity=1.0):
         """A spot that fades out from its middle."""
         size = (round(2 * radius_x * SCALE), round(2 * radius_y * SCALE))
-        # Which is whole only in the corners
-        distance = Image.radial_gradient("L").resize(size)
+        distance = Image.radial_gradient("L").resize(size)  # 255 in the corners only
         mask = distance.point(lambda value: max(0, 255 - value * 2 ** 0.5) * opacity)
         self.image.paste(color, (round((x - radius_x) * SCALE), round((y - radius_y) * SCALE)),
                          mask)
@@ -307,8 +307,8 @@ def dither():
     canvas.fill(ellipse(47, 45, 41, 41), BLACK)
     canvas.glow(33, 29, 66, 66, WHITE)
     picture = canvas.picture().convert("1")
-    # The card's edges are just outside; its round corner is not.
-    ImageDraw.Draw(picture).rounded_rectangle((-20, -20, 97, 97), 9, outline=0, width=2)
+    # The card's edges lie just outside, but the picture covers the arc of its round corner.
+    ImageDraw.Draw(picture).rounded_rectangle((-20, -20, 98, 98), 10, outline=0, width=3)
     return picture.convert("RGB")
 
 

@@ -111,6 +111,26 @@ TEST_F(CardPreviewTest, DitherLiesUnderTheTextOnAPortraitCard) {
     EXPECT_EQ(Shows(canvas.get(), IDB_DITHER, 52, 142), "some");
 }
 
+TEST_F(CardPreviewTest, DitherLeavesTheOutlineOfTheCornerThatItCovers) {
+    constexpr int kCorner = 12;
+    for (const bool portrait : {false, true}) {
+        const SIZE size = portrait ? kPortraitCard : kLandscapeCard;
+        const MemoryCanvas blank(screen_, size.cx, size.cy);
+        const MemoryCanvas dithered(screen_, size.cx, size.cy);
+        PictureSet pictures;
+        DrawCard(pictures, blank.get(), portrait, {});
+        DrawCard(pictures, dithered.get(), portrait, {.Dither = true});
+        for (int y = size.cy - kCorner; y < size.cy; ++y) {
+            for (int x = size.cx - kCorner; x < size.cx; ++x) {
+                if (GetPixel(blank.get(), x, y) == kBlack) {
+                    EXPECT_EQ(GetPixel(dithered.get(), x, y), kBlack) << x << ", " << y;
+                }
+            }
+        }
+        EXPECT_EQ(GetPixel(dithered.get(), size.cx - 7, size.cy - 7), kWhite) << "inside the arc";
+    }
+}
+
 TEST_F(CardPreviewTest, CardsAreRoundedAndStripesReachTheirEdges) {
     for (const bool portrait : {false, true}) {
         const SIZE size = portrait ? kPortraitCard : kLandscapeCard;
@@ -282,7 +302,7 @@ TEST_F(PaintedPageTest, PageOrderFollowsSidesAndOrientation) {
             const RECT area = ControlArea(page_, IDC_PAGE_ORDER);
             for (int y = 0; y < area.bottom - area.top; y += 4) {
                 for (int x = 0; x < area.right - area.left; x += 4) {
-                    picture += At(IDC_PAGE_ORDER, x, y) == kWhite ? ' ' : '#';
+                    picture += std::to_string(At(IDC_PAGE_ORDER, x, y)) + ' ';
                 }
             }
             seen.insert(picture);
