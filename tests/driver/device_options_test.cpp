@@ -421,6 +421,23 @@ TEST_F(DeviceOptionsTest, AReplacedRecordIsShown) {
     EXPECT_EQ(context_.PageWindows[kDeviceOptionsSlot], nullptr);
 }
 
+TEST_F(DeviceOptionsTest, AReplacedRecordIsShownInTheUsersLanguage) {
+    WriteWideText(LanguageFilePath,
+                  TEXT("[DeviceOption]\r\nK=Schwarz\r\nAdhesive Card=Klebekarte\r\n"
+                       "0.8 mm=0,8 mm\r\nResin Dither=Raster\r\n"
+                       "Color Printing=Farbe\r\n"));
+    Open();
+    BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, TEXT("Mirv KP-430e"));
+    SetSection(TEXT("Import/Export"));
+    FillPage(kDeviceOptionsPage, context_);
+    EXPECT_EQ(Looks(IDC_RIBBON), "Schwarz of 6");
+    EXPECT_EQ(Looks(IDC_CARD_TYPE), "Klebekarte of 6");
+    EXPECT_EQ(Looks(IDC_THICKNESS), "0,8 mm of 4");
+    EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Raster of 2");
+    EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_FRONT_COLOR)), "Farbe");
+    std::filesystem::remove(DiskPath(LanguageFilePath));
+}
+
 TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidden) {
     Record().RibbonType = 7;
     Open();
@@ -488,10 +505,62 @@ bool MayDiffer(const DevModePrivate& record, bool choseRibbon) {
     return record.KOnlyOnBack != 0 || (record.BlackByYmcK != 0 && choseRibbon) || greyAndBlack;
 }
 
+// What the record says of a side after its entry of that text has been chosen.
+bool SaysEntry(const DevModePrivate& record, const CardSide& side, const std::string& entry) {
+    const int options = record.ResinOptions & side.ResinMask;
+    const bool color = (record.ColorSides & side.Bit) != 0;
+    const bool mixed = (record.BlackByYmcK & side.Bit) != 0;
+    const bool blackAndWhite = (record.ResinOptions2 & side.BlackAndWhite) != 0;
+    if (record.RibbonType == kRibbonK || record.RibbonType == kRibbonKO) {
+        const int use = options & (side.BlackByResin | side.Dither);
+        return entry == "Black/White"    ? use == side.BlackByResin
+               : entry == "Resin Dither" ? use == side.Dither
+                                         : use == 0 && (record.ResinOptions2 & side.Grey) != 0;
+    }
+    const struct {
+        const char* entry;
+        int options;
+        bool blackAndWhite, mixed;
+    } kEntries[] = {{"Disable", 0, false, false},
+                    {"Black by Resin K", side.BlackByResin, false, false},
+                    {"Text only", side.TextOnly, false, false},
+                    {"Disable doing color printing", side.ColorDisabled, false, false},
+                    {"Black/White", 0, true, false},
+                    {"Resin Dither", side.Dither, false, false},
+                    {"Black by YMC+K", side.BlackByResin, false, true}};
+    for (const auto& each : kEntries) {
+        if (entry == each.entry) {
+            const bool printsBlackAlone = each.blackAndWhite || each.options == side.Dither;
+            return options == each.options && blackAndWhite == each.blackAndWhite &&
+                   mixed == each.mixed && color != printsBlackAlone;
+        }
+    }
+    return false;
+}
+
+TEST_F(DeviceOptionsTest, ACardThatEndsKOnlyOnBackLeavesTheBackEveryUse) {
+    const auto chooseCard = [&](int card) { Choose(IDC_CARD_TYPE, card); };
+    const auto chooseThickness = [&](int thickness) { Choose(IDC_THICKNESS, thickness); };
+    Open();
+    Click(IDC_K_ONLY_ON_BACK);
+    chooseCard(kAdhesiveCard);
+    chooseCard(kBlankCard);
+    Click(IDC_BACK_IMAGE);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Black by Resin K of 7");
+    Choose(IDC_BACK_RESIN, 2);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
+    EXPECT_EQ(Record().ResinOptions, kBackTextOnly);
+    Click(IDC_K_ONLY_ON_BACK);
+    chooseThickness(kThickness03);
+    chooseThickness(kThickness08);
+    Click(IDC_BACK_IMAGE);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
+}
+
 TEST_F(DeviceOptionsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
     const ModelFlags models[] = {{}, kDuplexOnly, kSimplex, kKP43};
     int compared = 0;
-    for (unsigned seed = 0; seed < 60; ++seed) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
         RandomUser user(seed);
         SCOPED_TRACE(seed);
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
@@ -500,7 +569,7 @@ TEST_F(DeviceOptionsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         Open();
         std::string done;
         bool choseRibbon = false;
-        for (int action = 0; action < 12; ++action) {
+        for (int action = 0; action < 16; ++action) {
             const size_t which =
                 static_cast<size_t>(user.Below(std::size(kLists) + std::size(kBoxes)));
             const bool isList = which < std::size(kLists);
@@ -514,6 +583,13 @@ TEST_F(DeviceOptionsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
             choseRibbon = choseRibbon || control == IDC_RIBBON;
             if (isList && count > 0) {
                 Choose(control, user.Below(static_cast<size_t>(count)));
+                const bool isFront = control == IDC_FRONT_RESIN;
+                if (isFront || control == IDC_BACK_RESIN) {
+                    const std::string looks = Looks(control);
+                    const std::string entry = looks.substr(0, looks.find(" of "));
+                    EXPECT_TRUE(SaysEntry(Record(), isFront ? kFront : kBack, entry))
+                        << entry << ": " << Options() << " after " << done;
+                }
             } else if (!isList) {
                 Click(control);
             }

@@ -91,6 +91,13 @@ TEST_F(DocumentPropertiesTest, OneBufferForInputAndOutput) {
     EXPECT_EQ(result.Private.CardType, 3);
 }
 
+TEST_F(DocumentPropertiesTest, AnOutputRecordThatIsNotAskedForIsNotTouched) {
+    DevModeRecord input = DefaultRecord();
+    const GuardedBuffer nothing(0);
+    DOCUMENTPROPERTYHEADER header = Header(&input.Public, nothing.record(), DM_IN_BUFFER);
+    EXPECT_EQ(Call(header), 1);
+}
+
 TEST_F(DocumentPropertiesTest, OrientationLockHoldsLandscape) {
     const struct {
         BYTE lock;

@@ -72,7 +72,8 @@ TEST_F(LanguageTest, TextsAreTranslatedInTheirSection) {
     EXPECT_EQ(Lookup(TEXT("Device Option")), TEXT("Ger\x00E4") TEXT("t"));
     EXPECT_EQ(Lookup(TEXT("device option")), TEXT("Ger\x00E4") TEXT("t"));
     EXPECT_EQ(Lookup(TEXT("Ribbon Type : ")), TEXT("Farbband :"));
-    EXPECT_EQ(Lookup(TEXT("Copy No : x")), TEXT("Copy No : x"));
+    EXPECT_EQ(Lookup(TEXT("Copy No : ")), TEXT("Copy No : ")) << "no translation, no change";
+    EXPECT_EQ(Lookup(TEXT("  ")), TEXT("  "));
     SetSection(TEXT("Tools"));
     EXPECT_EQ(Lookup(TEXT("Device Option")), TEXT("Werkzeug"));
     SetSection(TEXT("Nowhere"));

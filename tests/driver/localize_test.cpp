@@ -75,6 +75,14 @@ TEST_F(LocalizeTest, TextsOfEveryControl) {
     EXPECT_EQ(TextOf(nested), "Other");  // direct children only
 }
 
+TEST_F(LocalizeTest, ATextThatNobodyTranslatedIsNotSetAgain) {
+    HWND edit = Control(TEXT("Edit"), TEXT("Track  "), 0, 3);
+    Told();
+    EXPECT_EQ(LocalizeDialog(parent_), 0);
+    EXPECT_EQ(TextOf(edit), "Track  ");
+    EXPECT_EQ(Told(), "");
+}
+
 TEST_F(LocalizeTest, ComboBoxKeepsOrderDataAndSelection) {
     HWND box = Items(TEXT("ComboBox"), CBS_DROPDOWNLIST, CB_ADDSTRING, CB_SETITEMDATA,
                      {TEXT("Disable"), TEXT("Unknown"), TEXT("Text only")});
