@@ -479,7 +479,9 @@ class RandomUser {
             *field = static_cast<BYTE>(Below(4));
         }
         constexpr BYTE kClassed[] = {0, 1, 2, 3, 4, 5, 9, 10, 11, 12, 14};
-        record.RibbonType = kClassed[Below(std::size(kClassed))];
+        // Often one that may leave the back to K, which most depends on.
+        record.RibbonType =
+            Below(2) == 0 ? BYTE{kRibbonYMCKO} : kClassed[Below(std::size(kClassed))];
         record.CardType = static_cast<BYTE>(Below(6));
         record.ResinOptions = static_cast<BYTE>(Below(256));
         record.ResinOptions2 = static_cast<BYTE>(Below(8));
@@ -569,7 +571,7 @@ TEST_F(DeviceOptionsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         Open();
         std::string done;
         bool choseRibbon = false;
-        for (int action = 0; action < 16; ++action) {
+        for (int action = 0; action < 40; ++action) {
             const size_t which =
                 static_cast<size_t>(user.Below(std::size(kLists) + std::size(kBoxes)));
             const bool isList = which < std::size(kLists);
