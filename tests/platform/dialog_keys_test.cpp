@@ -75,6 +75,8 @@ TEST_F(DialogKeysTest, TheFocusComesBackWithTheActivation) {
     EXPECT_EQ(GetFocus(), parent_);
     SetActiveWindow(dialog_);
     EXPECT_EQ(Id(GetFocus()), "102");
+    SetFocus(dialog_);
+    EXPECT_EQ(Id(GetFocus()), "101") << "once only";
     SetFocus(Item(103));
     SetActiveWindow(parent_);
     EnableWindow(Item(103), FALSE);
@@ -82,6 +84,21 @@ TEST_F(DialogKeysTest, TheFocusComesBackWithTheActivation) {
     EXPECT_EQ(Id(GetFocus()), "101") << "what had it cannot take it";
     SetFocus(dialog_);
     EXPECT_EQ(Id(GetFocus()), "101");
+}
+
+TEST_F(DialogKeysTest, AHiddenPageGivesTheFocusBackOnce) {
+    Open(IDD_SHEET);
+    const HWND page = Make(IDD_PAGE, dialog_);
+    ShowWindow(page, SW_SHOW);
+    SetFocus(GetDlgItem(page, 202));
+    ShowWindow(page, SW_HIDE);
+    ShowWindow(page, SW_SHOW);
+    SetFocus(Item(101));
+    SetFocus(GetDlgItem(page, 201));
+    SetFocus(page);
+    EXPECT_EQ(Id(GetFocus()), "202") << "the program has moved it meanwhile";
+    SetFocus(page);
+    EXPECT_EQ(Id(GetFocus()), "201");
 }
 
 // ---- Default buttons --------------------------------------------------------------------------

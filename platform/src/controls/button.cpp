@@ -58,6 +58,7 @@ class Button : public Control {
     bool pushed_ = false;
     bool pressedByMouse_ = false;  // and the mouse captured
     bool focused_ = false;
+    bool quietFocus_ = false;  // BM_SETDONTCLICK
 };
 
 WideString Button::Text() const {
@@ -189,12 +190,16 @@ void Button::Release(bool inside) {
     }
 }
 
+// Where the keyboard or the program brings the focus, an unchecked radio button is chosen.
 void Button::SetFocused(bool focused) {
     focused_ = focused;
     if (!focused) {
         SetPushed(false);
     }
     Redraw();
+    if (focused && IsRadio() && check_ == BST_UNCHECKED && !pressedByMouse_ && !quietFocus_) {
+        NotifyCommand(BN_CLICKED);
+    }
 }
 
 void Button::HandleKey(UINT message, WPARAM key) {
@@ -376,6 +381,9 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
                                         (focused_ ? BST_FOCUS : 0u));
         case BM_SETSTATE:
             SetPushed(wParam != 0);
+            return 0;
+        case BM_SETDONTCLICK:
+            quietFocus_ = wParam != 0;
             return 0;
         case BM_SETSTYLE:
             SetKind(static_cast<DWORD>(wParam), lParam != 0);

@@ -17,7 +17,7 @@ using host::TemplateItem;
 struct DialogState {
     HFONT font = nullptr;     // owned
     SIZE units = {};          // pixels of four horizontal and eight vertical dialog units
-    HWND focus = nullptr;     // the control that had the focus when the dialog became inactive
+    HWND focus = nullptr;     // had the focus when the dialog became inactive or hidden
     HWND disabled = nullptr;  // the owner, when it was disabled for a modal dialog
     UINT defaultId = IDOK;
     bool ended = false;
@@ -258,8 +258,9 @@ void KeepFocus(HWND dialog) {
     }
 }
 
+// What was kept is good for one time.
 void RestoreFocus(HWND dialog) {
-    HWND kept = StateOf(dialog)->focus;
+    HWND kept = std::exchange(StateOf(dialog)->focus, nullptr);
     if (kept != nullptr && IsWindow(kept) && IsWindowEnabled(kept) && IsWindowVisible(kept)) {
         SetFocus(kept);
         return;

@@ -24,16 +24,17 @@ bool IsAutomaticRadio(HWND control) {
            (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_AUTORADIOBUTTON;
 }
 
-// An automatic radio button is clicked by the focus already, unless it was checked before.
+// The focus alone clicks a radio button already; it is to be clicked once.
 void FocusAndClick(HWND dialog, HWND control) {
-    const bool isRadio = IsAutomaticRadio(control);
-    const bool wasChecked = isRadio && SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    host::FocusControl(dialog, control);
-    const bool isClicked = isRadio && !wasChecked && IsWindow(control) &&
-                           SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    if (!isClicked) {
-        SendMessageW(control, BM_CLICK, 0, 0);
+    const bool isRadio = (CodeOf(control) & DLGC_RADIOBUTTON) != 0;
+    if (isRadio) {
+        SendMessageW(control, BM_SETDONTCLICK, TRUE, 0);
     }
+    host::FocusControl(dialog, control);
+    if (isRadio) {
+        SendMessageW(control, BM_SETDONTCLICK, FALSE, 0);
+    }
+    SendMessageW(control, BM_CLICK, 0, 0);
 }
 
 // An automatic radio button is checked by the arrow that reaches it.
