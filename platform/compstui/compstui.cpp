@@ -74,28 +74,30 @@ struct Session {
     std::list<Page> pages;
     bool opened = false;
 
-    ~Session();
+    ~Session() { Withdraw(0, 0); }
+    void Withdraw(size_t pagesKept, size_t nodesKept);
 };
 
-Session::~Session() {
-    // What was never given to a sheet.
-    for (const Page& page : pages) {
+// Takes back what was added last, down to what is kept: pages that no sheet was given yet, and the
+// functions, which release what they hold.
+void Session::Withdraw(size_t pagesKept, size_t nodesKept) {
+    for (; pages.size() > pagesKept; pages.pop_back()) {
         if (!opened) {
-            DestroyPropertySheetPage(page.handle);
+            DestroyPropertySheetPage(pages.back().handle);
         }
     }
-    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node) {
-        node->Call(PROPSHEETUI_REASON_DESTROY, 0);
+    for (; nodes.size() > nodesKept; nodes.pop_back()) {
+        nodes.back().Call(PROPSHEETUI_REASON_DESTROY, 0);
     }
 }
 
 LONG_PTR CALLBACK ComPropSheet(HANDLE sheet, UINT function, LPARAM first, LPARAM second);
 
-// Makes a sheet function known and has it add its pages. A function that fails has released what it
-// held and is not called again. Gives its handle, or null with the error.
+// Makes a sheet function known and has it add its pages. Gives its handle, or null with the error.
 Node* AddFunction(Session& session, Node* parent, PFNPROPSHEETUI function, LPARAM parameter,
                   LONG* error) {
     const size_t pagesBefore = session.pages.size();
+    const size_t nodesBefore = session.nodes.size();
     Node& node = session.nodes.emplace_back();
     node = {&session, parent, function, {}};
     node.info.cbSize = sizeof(node.info);
@@ -111,24 +113,11 @@ Node* AddFunction(Session& session, Node* parent, PFNPROPSHEETUI function, LPARA
     node.info.lParamInit = parameter;
     node.info.Result = CPSUI_CANCEL;
     const LONG status = node.Call(PROPSHEETUI_REASON_INIT, parameter);
-    if (status > 0 && session.pages.size() > pagesBefore) {
+    if (status > 0) {
         return &node;
     }
-    *error =
-        status > 0 ? ERR_CPSUI_NO_PROPSHEETPAGE : std::min(status, LONG{ERR_CPSUI_GETLASTERROR});
-    // With it go the pages that it added and the functions that it brought in.
-    while (session.pages.size() > pagesBefore) {
-        DestroyPropertySheetPage(session.pages.back().handle);
-        session.pages.pop_back();
-    }
-    while (&session.nodes.back() != &node) {
-        session.nodes.back().Call(PROPSHEETUI_REASON_DESTROY, 0);
-        session.nodes.pop_back();
-    }
-    if (status > 0) {
-        node.Call(PROPSHEETUI_REASON_DESTROY, 0);
-    }
-    session.nodes.pop_back();
+    *error = std::min(status, LONG{ERR_CPSUI_GETLASTERROR});
+    session.Withdraw(pagesBefore, nodesBefore);
     return nullptr;
 }
 
@@ -243,6 +232,9 @@ INT_PTR Open(Session& session, HWND owner) {
     if (status <= 0) {
         return std::min(status, LONG{ERR_CPSUI_GETLASTERROR});
     }
+    if (session.pages.empty()) {
+        return ERR_CPSUI_NO_PROPSHEETPAGE;
+    }
     PROPSHEETHEADERW header = {};
     header.dwSize = sizeof(header);
     header.dwFlags = ((asked.Flags & PSUIHDRF_NOAPPLYNOW) != 0 ? PSH_NOAPPLYNOW : 0) |
@@ -268,12 +260,13 @@ INT_PTR Open(Session& session, HWND owner) {
 
 LONG APIENTRY CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI function, LPARAM parameter,
                                      LPDWORD result) {
+    if (function == nullptr) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return ERR_CPSUI_GETLASTERROR;
+    }
     DWORD ignored;
     DWORD& outcome = result == nullptr ? ignored : *result;
     outcome = CPSUI_CANCEL;
-    if (function == nullptr) {
-        return ERR_CPSUI_INVALID_PDATA;
-    }
     Session session;
     LONG error = 0;
     const Node* root = AddFunction(session, nullptr, function, parameter, &error);

@@ -190,9 +190,10 @@ TEST_F(CompstuiTest, WithoutASheetTheFunctionIsToldOnlyWhatItNeeds) {
         const char* outcome;
         const char* asked;
     } cases[] = {
-        {1, 0, 1, "-1 0", "A before; A init"},
-        {2, -8, 1, "-8 0", "A before; A init"},
-        {0, 1, 1, "-8 0", "A before; A init; A destroy"},
+        {1, 0, 1, "-1 0", "A before; A init; A destroy"},
+        {2, -3, 1, "-3 0", "A before; A init; A destroy"},
+        {0, 1, 1, "-8 0", "A before; A init; A header; A destroy"},
+        {0, 1, -3, "-3 0", "A before; A init; A header; A destroy"},
         {1, 1, -3, "-3 0", "A before; A init; A header; A destroy"},
     };
     for (const auto& oneCase : cases) {
@@ -219,7 +220,9 @@ TEST_F(CompstuiTest, AFunctionOfAFunctionReportsThroughIt) {
         {1, false, "1 0",
          "A before; A init; B before; B init; nested; A header; B result; 1; told 1; "
          "B destroy; A destroy"},
-        {-1, true, "1 0", "A before; A init; B before; B init; not nested; A header; A destroy"},
+        {-1, true, "1 0",
+         "A before; A init; B before; B init; B destroy; not nested; "
+         "A header; A destroy"},
     };
     for (const auto& oneCase : cases) {
         Script inner{.name = "B", .initStatus = oneCase.nestedStatus, .passesOn = oneCase.passesOn};
@@ -260,7 +263,9 @@ TEST_F(CompstuiTest, WhatTheLibraryCannotDoItRefuses) {
         return 1;
     };
     EXPECT_EQ(CommonPropertySheetUIW(nullptr, function, 0, nullptr), ERR_CPSUI_NO_PROPSHEETPAGE);
-    EXPECT_LT(CommonPropertySheetUIW(nullptr, nullptr, 0, nullptr), 0);
+    DWORD result = 77;
+    EXPECT_EQ(CommonPropertySheetUIW(nullptr, nullptr, 0, &result), ERR_CPSUI_GETLASTERROR);
+    EXPECT_EQ(result, 77u);
 }
 
 }  // namespace
