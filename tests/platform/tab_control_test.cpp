@@ -171,4 +171,31 @@ TEST_F(TabControlTest, TheRowOfTheSelectedTabIsTheLowest) {
     EXPECT_LT(Send(TCM_GETROWCOUNT), rows);
 }
 
+// The selected tab stands out of its row and covers the feet of the row above.
+TEST_F(TabControlTest, NoTabCoversATextOfAnother) {
+    const auto blackPixels = [&](int index) {
+        RECT area = RectOf(index);
+        InflateRect(&area, -4, 2);
+        const HDC context = GetDC(control_);
+        int count = 0;
+        for (int y = area.top; y < area.bottom; ++y) {
+            for (int x = area.left; x < area.right; ++x) {
+                count += GetPixel(context, x, y) == 0 ? 1 : 0;
+            }
+        }
+        ReleaseDC(control_, context);
+        return count;
+    };
+    Make(TCS_MULTILINE, 220, {"Energy gjpq", "Energy gjpq", "Energy gjpq", "Energy gjpq"});
+    ASSERT_EQ(Send(TCM_GETROWCOUNT), 2);
+    for (const int selected : {0, 3}) {
+        Send(TCM_SETCURSEL, static_cast<WPARAM>(selected));
+        test::HandlePosted();
+        EXPECT_GT(blackPixels(0), 40);
+        for (int tab = 1; tab < 4; ++tab) {
+            EXPECT_EQ(blackPixels(tab), blackPixels(0)) << tab << " of " << selected;
+        }
+    }
+}
+
 }  // namespace

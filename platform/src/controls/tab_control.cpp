@@ -383,8 +383,8 @@ void TabControl::DrawTab(HDC context, int index) const {
     line(tab.right - 2, tab.top + 1, tab.right - 1, tab.top + 2, COLOR_3DDKSHADOW);
     line(tab.right - 2, tab.top + 2, tab.right - 1, tab.bottom, COLOR_BTNSHADOW);
     line(tab.right - 1, tab.top + 2, tab.right, tab.bottom, COLOR_3DDKSHADOW);
-    RECT label = item.rect;
-    OffsetRect(&label, 0, isSelected ? -1 : 1);
+    RECT label = item.rect;  // ends above what a selected tab of the row below covers
+    OffsetRect(&label, 0, isSelected ? -kMargin : 0);
     SetTextColor(context, GetSysColor(IsWindowEnabled(window_) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     DrawTextW(context, item.text.c_str(), static_cast<int>(item.text.size()), &label,
               DT_SINGLELINE | DT_CENTER | DT_VCENTER);
