@@ -122,57 +122,22 @@ using LPDEVMODEW = DEVMODEW*;
 // Raster operations, stretching and backgrounds.
 #define SRCCOPY 0xCC0020
 #define SRCPAINT 0xEE0086
-#define SRCAND 0x8800C6
-#define SRCINVERT 0x660046
-#define NOTSRCCOPY 0x330008
-#define MERGEPAINT 0xBB0226
 #define PATCOPY 0xF00021
-#define PATINVERT 0x5A0049
-#define DSTINVERT 0x550009
-#define BLACKNESS 0x42
 #define WHITENESS 0xFF0062
 #define BLACKONWHITE 1
 #define COLORONCOLOR 3
 #define HALFTONE 4
 #define TRANSPARENT 1
 #define OPAQUE 2
-#define R2_BLACK 1
-#define R2_NOT 6
-#define R2_XORPEN 7
-#define R2_COPYPEN 13
-#define R2_WHITE 0x10
 #define CLR_INVALID 0xFFFFFFFF
-#define GDI_ERROR 0xFFFFFFFF
 
-// Stock objects and kinds of objects.
+// Stock objects, pens and regions.
 #define WHITE_BRUSH 0
-#define LTGRAY_BRUSH 1
-#define GRAY_BRUSH 2
-#define DKGRAY_BRUSH 3
 #define BLACK_BRUSH 4
-#define NULL_BRUSH 5
-#define WHITE_PEN 6
 #define BLACK_PEN 7
-#define NULL_PEN 8
-#define ANSI_VAR_FONT 12
 #define SYSTEM_FONT 13
 #define DEFAULT_GUI_FONT 0x11
-#define DC_BRUSH 0x12
-#define DC_PEN 0x13
-#define OBJ_PEN 1
-#define OBJ_BRUSH 2
-#define OBJ_DC 3
-#define OBJ_MEMDC 10
-#define OBJ_FONT 6
-#define OBJ_BITMAP 7
 #define PS_SOLID 0
-#define PS_DASH 1
-#define PS_DOT 2
-#define PS_NULL 5
-#define PS_INSIDEFRAME 6
-#define BS_SOLID 0
-#define BS_NULL 1
-#define BS_PATTERN 3
 #define NULLREGION 1
 #define SIMPLEREGION 2
 #define COMPLEXREGION 3
@@ -184,12 +149,6 @@ using LPDEVMODEW = DEVMODEW*;
 #define DIB_RGB_COLORS 0
 
 // Text and fonts.
-#define TA_LEFT 0
-#define TA_RIGHT 2
-#define TA_CENTER 6
-#define TA_TOP 0
-#define TA_BOTTOM 8
-#define TA_BASELINE 0x18
 #define ETO_OPAQUE 2
 #define ETO_CLIPPED 4
 #define FW_NORMAL 0x190
@@ -199,24 +158,8 @@ using LPDEVMODEW = DEVMODEW*;
 #define VARIABLE_PITCH 2
 #define FF_SWISS 0x20
 
-// Device capabilities, mapping and colour management.
-#define HORZSIZE 4
-#define VERTSIZE 6
-#define HORZRES 8
-#define VERTRES 10
-#define BITSPIXEL 12
-#define PLANES 14
-#define LOGPIXELSX 0x58
+// Resolution, colour management and printing.
 #define LOGPIXELSY 0x5A
-#define PHYSICALWIDTH 0x6E
-#define PHYSICALHEIGHT 0x6F
-#define PHYSICALOFFSETX 0x70
-#define PHYSICALOFFSETY 0x71
-#define RASTERCAPS 0x26
-#define TECHNOLOGY 2
-#define DT_RASPRINTER 2
-#define DT_RASDISPLAY 1
-#define MM_TEXT 1
 #define ICM_OFF 1
 #define ICM_ON 2
 #define ICM_QUERY 3
@@ -271,12 +214,6 @@ struct BITMAPFILEHEADER {
     DWORD bfOffBits;
 };
 #pragma pack(pop)
-
-struct LOGBRUSH {
-    UINT lbStyle;
-    COLORREF lbColor;
-    ULONG_PTR lbHatch;
-};
 
 struct LOGPEN {
     UINT lopnStyle;
@@ -337,14 +274,11 @@ extern "C" {
 // Device contexts.
 HDC WINAPI CreateCompatibleDC(HDC context);
 HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR port, const DEVMODEW* record);
-HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR port, const DEVMODEW* record);
 BOOL WINAPI DeleteDC(HDC context);
 int WINAPI SaveDC(HDC context);
 BOOL WINAPI RestoreDC(HDC context, int saved);
 int WINAPI GetDeviceCaps(HDC context, int index);
 int WINAPI SetICMMode(HDC context, int mode);
-int WINAPI SetMapMode(HDC context, int mode);
-BOOL WINAPI SetViewportOrgEx(HDC context, int x, int y, LPPOINT previous);
 BOOL WINAPI SetBrushOrgEx(HDC context, int x, int y, LPPOINT previous);
 int WINAPI IntersectClipRect(HDC context, int left, int top, int right, int bottom);
 int WINAPI ExcludeClipRect(HDC context, int left, int top, int right, int bottom);
@@ -354,15 +288,11 @@ int WINAPI GetClipBox(HDC context, LPRECT rect);
 HGDIOBJ WINAPI SelectObject(HDC context, HGDIOBJ object);
 BOOL WINAPI DeleteObject(HGDIOBJ object);
 HGDIOBJ WINAPI GetStockObject(int index);
-HGDIOBJ WINAPI GetCurrentObject(HDC context, UINT kind);
 int WINAPI GetObjectW(HANDLE object, int size, LPVOID description);
-DWORD WINAPI GetObjectType(HGDIOBJ object);
 HBRUSH WINAPI CreateSolidBrush(COLORREF color);
 HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap);
 HPEN WINAPI CreatePen(int style, int width, COLORREF color);
 HFONT WINAPI CreateFontIndirectW(const LOGFONTW* font);
-COLORREF WINAPI SetDCBrushColor(HDC context, COLORREF color);
-COLORREF WINAPI SetDCPenColor(HDC context, COLORREF color);
 
 // Bitmaps.
 HBITMAP WINAPI CreateCompatibleBitmap(HDC context, int width, int height);
@@ -370,8 +300,6 @@ HBITMAP WINAPI CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixe
                             const void* bits);
 HBITMAP WINAPI CreateDIBSection(HDC context, const BITMAPINFO* info, UINT usage, void** bits,
                                 HANDLE section, DWORD offset);
-int WINAPI GetDIBits(HDC context, HBITMAP bitmap, UINT start, UINT lines, LPVOID bits,
-                     BITMAPINFO* info, UINT usage);
 int WINAPI SetDIBitsToDevice(HDC context, int x, int y, DWORD width, DWORD height, int sourceX,
                              int sourceY, UINT start, UINT lines, const void* bits,
                              const BITMAPINFO* info, UINT usage);
@@ -386,16 +314,9 @@ BOOL WINAPI StretchBlt(HDC context, int x, int y, int width, int height, HDC sou
                        int sourceY, int sourceWidth, int sourceHeight, DWORD operation);
 BOOL WINAPI PatBlt(HDC context, int x, int y, int width, int height, DWORD operation);
 int WINAPI SetStretchBltMode(HDC context, int mode);
-int WINAPI SetROP2(HDC context, int operation);
 COLORREF WINAPI SetPixel(HDC context, int x, int y, COLORREF color);
 COLORREF WINAPI GetPixel(HDC context, int x, int y);
-BOOL WINAPI MoveToEx(HDC context, int x, int y, LPPOINT previous);
-BOOL WINAPI LineTo(HDC context, int x, int y);
-BOOL WINAPI Polyline(HDC context, const POINT* points, int count);
-BOOL WINAPI Polygon(HDC context, const POINT* points, int count);
-BOOL WINAPI Rectangle(HDC context, int left, int top, int right, int bottom);
 BOOL WINAPI RoundRect(HDC context, int left, int top, int right, int bottom, int width, int height);
-BOOL WINAPI Ellipse(HDC context, int left, int top, int right, int bottom);
 
 // Text.
 BOOL WINAPI TextOutW(HDC context, int x, int y, LPCWSTR text, int length);
@@ -403,13 +324,11 @@ BOOL WINAPI ExtTextOutW(HDC context, int x, int y, UINT options, const RECT* rec
                         UINT length, const int* distances);
 BOOL WINAPI GetTextExtentPoint32W(HDC context, LPCWSTR text, int length, LPSIZE size);
 BOOL WINAPI GetTextMetricsW(HDC context, TEXTMETRICW* metrics);
-BOOL WINAPI GetCharWidth32W(HDC context, UINT first, UINT last, LPINT widths);
 COLORREF WINAPI SetTextColor(HDC context, COLORREF color);
 COLORREF WINAPI GetTextColor(HDC context);
 COLORREF WINAPI SetBkColor(HDC context, COLORREF color);
 COLORREF WINAPI GetBkColor(HDC context);
 int WINAPI SetBkMode(HDC context, int mode);
-UINT WINAPI SetTextAlign(HDC context, UINT align);
 
 // Printed documents.
 int WINAPI StartDocW(HDC context, const DOCINFOW* document);

@@ -661,16 +661,12 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DT_CENTER 1
 #define DT_RIGHT 2
 #define DT_VCENTER 4
-#define DT_BOTTOM 8
 #define DT_WORDBREAK 0x10
 #define DT_SINGLELINE 0x20
 #define DT_EXPANDTABS 0x40
-#define DT_NOCLIP 0x100
 #define DT_CALCRECT 0x400
 #define DT_NOPREFIX 0x800
-#define DT_EDITCONTROL 0x2000
 #define DT_END_ELLIPSIS 0x8000
-#define DT_HIDEPREFIX 0x100000
 #define DI_NORMAL 3
 
 // Images.

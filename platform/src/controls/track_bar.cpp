@@ -15,7 +15,6 @@ constexpr int kThumbAcross = 2;
 constexpr int kChannelEnd = 8;  ///< from the ends of the window to those of the channel
 constexpr int kChannelThickness = 4;
 constexpr int kChannelAcross = 9;
-constexpr int kPointLength = 5;  ///< of the thumb, towards the ticks
 constexpr int kTickLength = 3;
 
 struct Key {
@@ -329,30 +328,22 @@ void TrackBar::DrawTicks(HDC context) const {
     draw(max_, kTickLength + 1);
 }
 
-// The thumb points towards its ticks.
+// The thumb points towards its ticks; light comes from the top left.
 void TrackBar::DrawThumb(HDC context) const {
-    const int along = ThumbAlong(position_);
-    const int last = along + kThumbWidth - 1;
-    const int base = kThumbAcross;
-    const int tip = kThumbAcross + kThumbLength - 1;
-    const int neck = tip - kPointLength;
-    const auto at = [this](int a, int across) {
-        return Vertical() ? POINT{across, a} : POINT{a, across};
+    const auto draw = [&](int along, int from, int to, int color) {
+        const RECT part = Turned(along, from, along + 1, to);
+        FillRect(context, &part, GetSysColorBrush(color));
     };
-    const POINT outline[] = {at(along, base), at(along, neck), at(along + kThumbWidth / 2, tip),
-                             at(last, neck), at(last, base)};
-    const int saved = SaveDC(context);
-    SelectObject(context, GetStockObject(DC_BRUSH));
-    SelectObject(context, GetStockObject(DC_PEN));
-    SetDCBrushColor(context, GetSysColor(COLOR_BTNFACE));
-    SetDCPenColor(context, GetSysColor(COLOR_3DDKSHADOW));
-    Polygon(context, outline, 5);
-    // Light comes from the top left.
-    SetDCPenColor(context, GetSysColor(COLOR_BTNHIGHLIGHT));
-    Polyline(context, outline, 3);
-    const POINT edge[] = {outline[0], outline[4]};
-    Polyline(context, edge, 2);
-    RestoreDC(context, saved);
+    constexpr int kMiddle = kThumbWidth / 2;
+    for (int i = 0; i < kThumbWidth; ++i) {
+        const int along = ThumbAlong(position_) + i;
+        const int tip = kThumbAcross + kThumbLength - std::abs(i - kMiddle);
+        const int outline = i <= kMiddle ? COLOR_BTNHIGHLIGHT : COLOR_3DDKSHADOW;
+        const bool isSide = i == 0 || i + 1 == kThumbWidth;
+        draw(along, kThumbAcross, tip, isSide ? outline : COLOR_BTNFACE);
+        draw(along, kThumbAcross, kThumbAcross + 1, COLOR_BTNHIGHLIGHT);
+        draw(along, tip - 1, tip, outline);
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Bitmaps: reading packed bitmaps of any depth, making them, and giving their pixels back.
+// Bitmaps: reading packed bitmaps of any depth, and making them.
 #include "state.h"
 
 #include <cstring>
@@ -224,55 +224,4 @@ HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** 
         *bits = memory;
     }
     return static_cast<HBITMAP>(handle);
-}
-
-namespace host {
-namespace {
-
-void DescribeInHeader(const Bitmap& bitmap, BITMAPINFOHEADER* header) {
-    if (header->biBitCount == 0) {
-        header->biWidth = bitmap.width;
-        header->biHeight = bitmap.height;
-        header->biPlanes = 1;
-        header->biBitCount = static_cast<WORD>(bitmap.bitsPerPixel);
-        header->biCompression = BI_RGB;
-    }
-    header->biSizeImage = static_cast<DWORD>(RowSize(header->biWidth, header->biBitCount) *
-                                             static_cast<size_t>(std::abs(header->biHeight)));
-}
-
-}  // namespace
-}  // namespace host
-
-int WINAPI GetDIBits(HDC context, HBITMAP handle, UINT start, UINT lines, LPVOID bits,
-                     BITMAPINFO* info, UINT usage) {
-    Bitmap* bitmap = host::Find<Bitmap>(handle);
-    if (host::FindContext(context) == nullptr || bitmap == nullptr || info == nullptr) {
-        return 0;
-    }
-    if (bits == nullptr) {
-        host::DescribeInHeader(*bitmap, &info->bmiHeader);
-        return bitmap->height;
-    }
-    const std::optional<host::Format> format = host::FormatOf(info->bmiHeader);
-    if (!format) {
-        return host::Fail(ERROR_INVALID_PARAMETER);
-    }
-    if (format->bits < 24 || usage != DIB_RGB_COLORS) {
-        host::Unsupported("GetDIBits of %d bits", format->bits);
-    }
-    const host::Surface from = host::SurfaceOf(*bitmap);
-    host::Surface to;
-    to.bytes = format->bits / 8;
-    const int end = std::min(format->height, bitmap->height);
-    int given = 0;
-    for (int line = static_cast<int>(start); line < end && given < static_cast<int>(lines);
-         ++line) {
-        to.top = static_cast<BYTE*>(bits) + static_cast<size_t>(given++) * format->RowBytes();
-        const int y = format->topDown ? line : bitmap->height - 1 - line;
-        for (int x = 0; x < std::min(format->width, from.width); ++x) {
-            to.Write(x, 0, from.Read(x, y));
-        }
-    }
-    return given;
 }

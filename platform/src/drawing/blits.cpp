@@ -205,9 +205,6 @@ BOOL WINAPI PatBlt(HDC handle, int x, int y, int width, int height, DWORD operat
     const host::Range across(place.x, width);
     const host::Range down(place.y, height);
     const host::Paint paint(*context, host::Find<host::Brush>(context->state.brush));
-    if (paint.IsNull() && (operation == PATCOPY || operation == PATINVERT)) {
-        return TRUE;
-    }
     canvas.Each({across.first, down.first, across.first + across.length, down.first + down.length},
                 [&](int atX, int atY, host::Pixel target) {
                     return host::Combine(operation, target, 0, paint.At(atX, atY));
@@ -270,7 +267,7 @@ COLORREF WINAPI SetPixel(HDC handle, int x, int y, COLORREF color) {
     if (!canvas.Sees(place.x, place.y)) {
         return CLR_INVALID;
     }
-    canvas.Put(place.x, place.y, R2_COPYPEN, host::PixelOf(color));
+    canvas.Put(place.x, place.y, host::PixelOf(color));
     return host::ColorOf(canvas.surface().Read(place.x, place.y));
 }
 

@@ -89,10 +89,7 @@ Surface Context::CurrentSurface() const {
 }
 
 Canvas::Canvas(const Context& context)
-    : surface_(context.CurrentSurface()),
-      offset_{context.origin.x + context.state.viewport.x,
-              context.origin.y + context.state.viewport.y},
-      clip_(context.state.clip) {
+    : surface_(context.CurrentSurface()), offset_(context.origin), clip_(context.state.clip) {
     KeepInside(clip_, surface_.Bounds());
 }
 
@@ -107,9 +104,9 @@ bool Canvas::Sees(int x, int y) const {
     });
 }
 
-void Canvas::Put(int x, int y, int mixMode, Pixel pixel) const {
+void Canvas::Put(int x, int y, Pixel pixel) const {
     if (Sees(x, y)) {
-        surface_.Write(x, y, Mix(mixMode, surface_.Read(x, y), pixel));
+        surface_.Write(x, y, pixel);
     }
 }
 
@@ -188,18 +185,6 @@ Value Current(HDC handle, Value host::ContextState::*member, Value failed) {
     return context == nullptr ? failed : context->state.*member;
 }
 
-BOOL MoveOrigin(HDC handle, POINT host::ContextState::*member, int x, int y, LPPOINT previous) {
-    Context* context = FindContext(handle);
-    if (context == nullptr) {
-        return FALSE;
-    }
-    const POINT old = std::exchange(context->state.*member, POINT{x, y});
-    if (previous != nullptr) {
-        *previous = old;
-    }
-    return TRUE;
-}
-
 }  // namespace
 
 COLORREF WINAPI SetTextColor(HDC context, COLORREF color) {
@@ -218,14 +203,6 @@ COLORREF WINAPI GetBkColor(HDC context) {
     return Current(context, &host::ContextState::backColor, COLORREF{CLR_INVALID});
 }
 
-COLORREF WINAPI SetDCBrushColor(HDC context, COLORREF color) {
-    return Exchange(context, &host::ContextState::brushColor, color, COLORREF{CLR_INVALID});
-}
-
-COLORREF WINAPI SetDCPenColor(HDC context, COLORREF color) {
-    return Exchange(context, &host::ContextState::penColor, color, COLORREF{CLR_INVALID});
-}
-
 int WINAPI SetBkMode(HDC context, int mode) {
     if (mode != OPAQUE && mode != TRANSPARENT) {
         return host::Fail(ERROR_INVALID_PARAMETER);
@@ -233,33 +210,11 @@ int WINAPI SetBkMode(HDC context, int mode) {
     return Exchange(context, &host::ContextState::backMode, mode, 0);
 }
 
-UINT WINAPI SetTextAlign(HDC context, UINT align) {
-    if ((align & ~(UINT{TA_CENTER} | TA_BASELINE)) != 0) {
-        host::Unsupported("SetTextAlign(%#x)", align);
-    }
-    return Exchange(context, &host::ContextState::textAlign, align, UINT{GDI_ERROR});
-}
-
 int WINAPI SetStretchBltMode(HDC context, int mode) {
     if (mode != BLACKONWHITE && mode != COLORONCOLOR && mode != HALFTONE) {
         host::Unsupported("SetStretchBltMode(%d)", mode);
     }
     return Exchange(context, &host::ContextState::stretchMode, mode, 0);
-}
-
-int WINAPI SetROP2(HDC context, int operation) {
-    if (operation != R2_BLACK && operation != R2_NOT && operation != R2_XORPEN &&
-        operation != R2_COPYPEN && operation != R2_WHITE) {
-        host::Unsupported("SetROP2(%d)", operation);
-    }
-    return Exchange(context, &host::ContextState::mixMode, operation, 0);
-}
-
-int WINAPI SetMapMode(HDC context, int mode) {
-    if (mode != MM_TEXT) {
-        host::Unsupported("SetMapMode(%d)", mode);
-    }
-    return FindContext(context) == nullptr ? 0 : MM_TEXT;
 }
 
 int WINAPI SetICMMode(HDC handle, int mode) {
@@ -277,16 +232,16 @@ int WINAPI SetICMMode(HDC handle, int mode) {
     return TRUE;
 }
 
-BOOL WINAPI SetViewportOrgEx(HDC context, int x, int y, LPPOINT previous) {
-    return MoveOrigin(context, &host::ContextState::viewport, x, y, previous);
-}
-
-BOOL WINAPI SetBrushOrgEx(HDC context, int x, int y, LPPOINT previous) {
-    return MoveOrigin(context, &host::ContextState::brushOrigin, x, y, previous);
-}
-
-BOOL WINAPI MoveToEx(HDC context, int x, int y, LPPOINT previous) {
-    return MoveOrigin(context, &host::ContextState::position, x, y, previous);
+BOOL WINAPI SetBrushOrgEx(HDC handle, int x, int y, LPPOINT previous) {
+    Context* context = FindContext(handle);
+    if (context == nullptr) {
+        return FALSE;
+    }
+    const POINT old = std::exchange(context->state.brushOrigin, POINT{x, y});
+    if (previous != nullptr) {
+        *previous = old;
+    }
+    return TRUE;
 }
 
 namespace {
@@ -359,25 +314,6 @@ HGDIOBJ WINAPI SelectObject(HDC handle, HGDIOBJ object) {
     return previous;
 }
 
-HGDIOBJ WINAPI GetCurrentObject(HDC handle, UINT kind) {
-    const Context* context = FindContext(handle);
-    if (context == nullptr) {
-        return nullptr;
-    }
-    switch (kind) {
-        case OBJ_PEN:
-            return context->state.pen;
-        case OBJ_BRUSH:
-            return context->state.brush;
-        case OBJ_FONT:
-            return context->state.font;
-        case OBJ_BITMAP:
-            return context->state.bitmap;
-        default:
-            host::Unsupported("GetCurrentObject(%u)", kind);
-    }
-}
-
 namespace host {
 
 void SweepObject(HGDIOBJ object) {
@@ -389,11 +325,6 @@ void SweepObject(HGDIOBJ object) {
 
 bool IsObjectSelected(HGDIOBJ object) {
     return IsSelected(object);
-}
-
-bool IsMemoryContext(HGDIOBJ handle) {
-    const Context* context = contexts.Find(static_cast<HDC>(handle));
-    return context != nullptr && context->kind == ContextKind::kMemory;
 }
 
 bool IsContext(HGDIOBJ handle) {

@@ -4,9 +4,8 @@
 namespace host {
 namespace {
 
-constexpr UINT kKnownFormat = DT_CENTER | DT_RIGHT | DT_VCENTER | DT_BOTTOM | DT_WORDBREAK |
-                              DT_SINGLELINE | DT_EXPANDTABS | DT_NOCLIP | DT_CALCRECT |
-                              DT_NOPREFIX | DT_EDITCONTROL | DT_END_ELLIPSIS | DT_HIDEPREFIX;
+constexpr UINT kKnownFormat = DT_CENTER | DT_RIGHT | DT_VCENTER | DT_WORDBREAK | DT_SINGLELINE |
+                              DT_EXPANDTABS | DT_CALCRECT | DT_NOPREFIX | DT_END_ELLIPSIS;
 constexpr size_t kNone = static_cast<size_t>(-1);
 
 struct Line {
@@ -96,7 +95,7 @@ void Layout::Break(const Line& paragraph, std::vector<Line>* lines) const {
         }
         if (best > 0) {
             end = best;
-        } else if ((format_ & DT_EDITCONTROL) == 0) {
+        } else {
             // A word that is too wide goes on past the rectangle.
             while (end < rest.text.size() && !MayBreakBefore(rest.text, end)) {
                 ++end;
@@ -159,8 +158,7 @@ Line Layout::Shortened(const Line& line) const {
 
 // Draws a line, whose tabs part it into pieces.
 void DrawLine(HDC handle, const Context& context, const Layout& layout, const Line& line, int x,
-              int y, UINT format, const RECT* clip) {
-    const UINT options = clip == nullptr ? 0 : ETO_CLIPPED;
+              int y, UINT format, const RECT& clip) {
     const WideString& text = line.text;
     size_t start = 0;
     while (start < text.size()) {
@@ -168,19 +166,15 @@ void DrawLine(HDC handle, const Context& context, const Layout& layout, const Li
         if ((format & DT_EXPANDTABS) != 0) {
             end = std::min(text.find('\t', start), text.size());
         }
-        ExtTextOutW(handle, x + layout.WidthOf(text.substr(0, start)), y, options, clip,
+        ExtTextOutW(handle, x + layout.WidthOf(text.substr(0, start)), y, ETO_CLIPPED, &clip,
                     text.data() + start, static_cast<UINT>(end - start), nullptr);
         start = end + 1;
     }
-    if (line.underlined < text.size() && (format & DT_HIDEPREFIX) == 0) {
+    if (line.underlined < text.size()) {
         const int left = x + layout.WidthOf(text.substr(0, line.underlined));
         const int right = x + layout.WidthOf(text.substr(0, line.underlined + 1));
         const int below = y + FontOf(context).ascent + 1;
-        RECT mark = {left, below, right, below + 1};
-        if (clip != nullptr) {
-            mark = Common(mark, *clip);
-        }
-        FillColor(handle, mark, context.state.textColor);
+        FillColor(handle, Common({left, below, right, below + 1}, clip), context.state.textColor);
     }
 }
 
@@ -211,8 +205,6 @@ int WINAPI DrawTextW(HDC handle, LPCWSTR characters, int length, LPRECT rect, UI
     int y = rect->top;
     if ((format & DT_SINGLELINE) != 0 && (format & DT_VCENTER) != 0) {
         y += (rect->bottom - rect->top) / 2 - lineHeight / 2;
-    } else if ((format & DT_SINGLELINE) != 0 && (format & DT_BOTTOM) != 0) {
-        y = rect->bottom - lineHeight;
     }
     int widest = 0;
     for (host::Line& line : lines) {
@@ -223,10 +215,10 @@ int WINAPI DrawTextW(HDC handle, LPCWSTR characters, int length, LPRECT rect, UI
         widest = std::max(widest, width);
         if ((format & DT_CALCRECT) == 0) {
             host::DrawLine(handle, *context, layout, line, host::StartOf(format, *rect, width), y,
-                           format, (format & DT_NOCLIP) != 0 ? nullptr : rect);
+                           format, *rect);
         }
         y += lineHeight;
-        if ((format & (DT_CALCRECT | DT_NOCLIP)) == 0 && y >= rect->bottom) {
+        if ((format & DT_CALCRECT) == 0 && y >= rect->bottom) {
             break;  // the lines below cannot be seen and do not count
         }
     }

@@ -7,8 +7,7 @@ Paint::Paint(const Context& context, const Brush* brush) : brush_(brush) {
     if (brush == nullptr) {
         return;
     }
-    const bool ofContext = brush == Find<Brush>(GetStockObject(DC_BRUSH));
-    color_ = PixelOf(ofContext ? context.state.brushColor : brush->color);
+    color_ = PixelOf(brush->color);
     textColor_ = PixelOf(context.state.textColor);
     backColor_ = PixelOf(context.state.backColor);
     origin_ = {context.origin.x + context.state.brushOrigin.x,
@@ -30,11 +29,8 @@ Pixel Paint::At(int x, int y) const {
     return !pattern_.monochrome ? pixel : pixel == 0 ? textColor_ : backColor_;
 }
 
-void Fill(const Canvas& canvas, const RECT& rect, const Paint& paint, int mixMode) {
-    if (!paint.IsNull()) {
-        canvas.Each(
-            rect, [&](int x, int y, Pixel target) { return Mix(mixMode, target, paint.At(x, y)); });
-    }
+void Fill(const Canvas& canvas, const RECT& rect, const Paint& paint) {
+    canvas.Each(rect, [&](int x, int y, Pixel) { return paint.At(x, y); });
 }
 
 void FillColor(HDC handle, const RECT& rect, COLORREF color) {

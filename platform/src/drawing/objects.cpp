@@ -14,11 +14,7 @@ HandleTable<Object, HGDIOBJ> objects(0x1000000);
 HandleTable<Object, HGDIOBJ> systemObjects(0x1800000);
 
 HGDIOBJ StockBrush(COLORREF color) {
-    return systemObjects.Add({Brush{BS_SOLID, color, {}}});
-}
-
-HGDIOBJ StockPen(UINT style, COLORREF color) {
-    return systemObjects.Add({LOGPEN{style, {0, 0}, color}});
+    return systemObjects.Add({Brush{color}});
 }
 
 HGDIOBJ StockFont(LONG height, LONG width, LONG weight, const WideString& face) {
@@ -34,29 +30,13 @@ HGDIOBJ StockFont(LONG height, LONG width, LONG weight, const WideString& face) 
 HGDIOBJ NewStockObject(int index) {
     switch (index) {
         case WHITE_BRUSH:
-        case DC_BRUSH:
             return StockBrush(0xFFFFFF);
-        case LTGRAY_BRUSH:
-            return StockBrush(0xC0C0C0);
-        case GRAY_BRUSH:
-            return StockBrush(0x808080);
-        case DKGRAY_BRUSH:
-            return StockBrush(0x404040);
         case BLACK_BRUSH:
             return StockBrush(0);
-        case NULL_BRUSH:
-            return systemObjects.Add({Brush{BS_NULL, 0, {}}});
-        case WHITE_PEN:
-            return StockPen(PS_SOLID, 0xFFFFFF);
         case BLACK_PEN:
-        case DC_PEN:
-            return StockPen(PS_SOLID, 0);
-        case NULL_PEN:
-            return StockPen(PS_NULL, 0);
+            return systemObjects.Add({LOGPEN{PS_SOLID, {0, 0}, 0}});
         case SYSTEM_FONT:
             return StockFont(16, 7, FW_BOLD, TEXT("System"));
-        case ANSI_VAR_FONT:
-            return StockFont(12, 0, FW_NORMAL, TEXT("MS Sans Serif"));
         case DEFAULT_GUI_FONT:
             return StockFont(-11, 0, FW_NORMAL, TEXT("MS Shell Dlg"));
         default:
@@ -193,55 +173,33 @@ BOOL WINAPI DeleteObject(HGDIOBJ handle) {
     return TRUE;
 }
 
-DWORD WINAPI GetObjectType(HGDIOBJ handle) {
-    constexpr DWORD kTypes[] = {OBJ_BITMAP, OBJ_BRUSH, OBJ_PEN, OBJ_FONT};
-    if (host::IsContext(handle)) {
-        return host::IsMemoryContext(handle) ? OBJ_MEMDC : OBJ_DC;
-    }
-    const host::Object* object = host::FindObject(handle);
-    if (object == nullptr) {
-        return static_cast<DWORD>(host::Fail(ERROR_INVALID_HANDLE));
-    }
-    return kTypes[object->data.index()];
-}
-
 int WINAPI GetObjectW(HANDLE handle, int size, LPVOID description) {
-    union {
-        BITMAP bitmap;
-        LOGBRUSH brush;
-        LOGPEN pen;
-        LOGFONTW font;
-    } whole = {};
-    int needed = 0;
-    bool partly = false;
-    if (host::Bitmap* bitmap = Find<host::Bitmap>(handle)) {
-        needed = host::Describe(*bitmap, &whole.bitmap);
-    } else if (const Brush* brush = Find<Brush>(handle)) {
-        whole.brush = {brush->style, brush->color, 0};
-        needed = sizeof(whole.brush);
-    } else if (const LOGPEN* pen = Find<LOGPEN>(handle)) {
-        whole.pen = *pen;
-        needed = sizeof(whole.pen);
-    } else if (const Font* font = Find<Font>(handle)) {
-        whole.font = font->description;
-        needed = sizeof(whole.font);
-        partly = true;
-    } else {
+    if (const Font* font = Find<Font>(handle)) {
+        const int needed = sizeof(font->description);
+        if (description == nullptr) {
+            return needed;
+        }
+        const int given = std::min(size, needed);
+        std::memcpy(description, &font->description, static_cast<size_t>(given));
+        return given;
+    }
+    host::Bitmap* bitmap = Find<host::Bitmap>(handle);
+    if (bitmap == nullptr && host::FindObject(handle) != nullptr) {
+        host::Unsupported("GetObjectW of a brush or pen");
+    }
+    if (bitmap == nullptr) {
         return host::Fail(ERROR_INVALID_HANDLE);
     }
     if (description == nullptr) {
-        return needed;
+        return sizeof(BITMAP);
     }
-    if (size < needed && !partly) {
-        return 0;
-    }
-    const int given = std::min(size, needed);
-    std::memcpy(description, &whole, static_cast<size_t>(given));
-    return given;
+    return size < static_cast<int>(sizeof(BITMAP))
+               ? 0
+               : host::Describe(*bitmap, static_cast<BITMAP*>(description));
 }
 
 HBRUSH WINAPI CreateSolidBrush(COLORREF color) {
-    return static_cast<HBRUSH>(host::AddObject({Brush{BS_SOLID, color, {}}}));
+    return static_cast<HBRUSH>(host::AddObject({Brush{color}}));
 }
 
 HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap) {
@@ -249,12 +207,11 @@ HBRUSH WINAPI CreatePatternBrush(HBITMAP bitmap) {
     if (pattern == nullptr) {
         return nullptr;
     }
-    return static_cast<HBRUSH>(host::AddObject({Brush{BS_PATTERN, 0, *pattern}}));
+    return static_cast<HBRUSH>(host::AddObject({Brush{0, *pattern}}));
 }
 
 HPEN WINAPI CreatePen(int style, int width, COLORREF color) {
-    if (style != PS_SOLID && style != PS_DASH && style != PS_DOT && style != PS_NULL &&
-        style != PS_INSIDEFRAME) {
+    if (style != PS_SOLID) {
         host::Unsupported("CreatePen of style %d", style);
     }
     const LOGPEN pen = {static_cast<UINT>(style), {std::abs(width), 0}, color};

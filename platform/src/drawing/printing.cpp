@@ -1,4 +1,5 @@
-// Contexts of printers and of the screen as a device, what they can do, and the documents printed.
+// Contexts of printers, the documents printed with them, and the resolution of both kinds of
+// devices.
 #include "state.h"
 
 #include <winspool.h>
@@ -29,10 +30,6 @@ constexpr int kCardLength = 859;
 
 int PixelsOf(int tenthsOfMillimetre) {
     return static_cast<int>(std::lround(tenthsOfMillimetre * kResolution / 254.0));
-}
-
-int MillimetresOf(int pixels) {
-    return static_cast<int>(std::lround(pixels * 25.4 / kResolution));
 }
 
 void SetPaper(PrintJob* job) {
@@ -92,67 +89,6 @@ HDC NewPrinterContext(LPCWSTR device, const DEVMODEW* record) {
     return AddContext(std::move(context));
 }
 
-HDC NewDeviceContext(LPCWSTR driver, LPCWSTR device, const DEVMODEW* record) {
-    if (FailsNow(Call::kDrawing)) {
-        return nullptr;
-    }
-    if (device != nullptr) {
-        return NewPrinterContext(device, record);
-    }
-    if (driver == nullptr || !SameText(driver, TEXT("DISPLAY"))) {
-        SetLastError(ERROR_INVALID_PARAMETER);
-        return nullptr;
-    }
-    Context context;
-    context.kind = ContextKind::kScreen;
-    return AddContext(std::move(context));
-}
-
-// What both kinds of raster devices can do: everything but palettes.
-constexpr int kRasterCaps = 0x7E99;
-
-int ScreenCaps(int index) {
-    switch (index) {
-        case TECHNOLOGY:
-            return DT_RASDISPLAY;
-        case HORZSIZE:
-            return 339;
-        case VERTSIZE:
-            return 271;
-        case HORZRES:
-            return GetSystemMetrics(SM_CXSCREEN);
-        case VERTRES:
-            return GetSystemMetrics(SM_CYSCREEN);
-        case LOGPIXELSX:
-        case LOGPIXELSY:
-            return 96;
-        default:
-            return 0;
-    }
-}
-
-int PrinterCaps(const PrintJob& job, int index) {
-    switch (index) {
-        case TECHNOLOGY:
-            return DT_RASPRINTER;
-        case HORZSIZE:
-            return MillimetresOf(job.width);
-        case VERTSIZE:
-            return MillimetresOf(job.height);
-        case HORZRES:
-        case PHYSICALWIDTH:
-            return job.width;
-        case VERTRES:
-        case PHYSICALHEIGHT:
-            return job.height;
-        case LOGPIXELSX:
-        case LOGPIXELSY:
-            return kResolution;
-        default:
-            return 0;
-    }
-}
-
 // The job of a context that a printing call may go on with, or null with the last error set.
 PrintJob* JobFor(HDC handle) {
     if (FailsNow(Call::kPrinting)) {
@@ -203,12 +139,11 @@ void ResetPrinting() {
 using host::JobFor;
 using host::PrintJob;
 
-HDC WINAPI CreateDCW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* record) {
-    return host::NewDeviceContext(driver, device, record);
-}
-
-HDC WINAPI CreateICW(LPCWSTR driver, LPCWSTR device, LPCWSTR, const DEVMODEW* record) {
-    return host::NewDeviceContext(driver, device, record);
+HDC WINAPI CreateDCW(LPCWSTR, LPCWSTR device, LPCWSTR, const DEVMODEW* record) {
+    if (device == nullptr) {
+        host::Unsupported("CreateDCW of no printer");
+    }
+    return host::FailsNow(host::Call::kDrawing) ? nullptr : host::NewPrinterContext(device, record);
 }
 
 int WINAPI GetDeviceCaps(HDC handle, int index) {
@@ -216,30 +151,10 @@ int WINAPI GetDeviceCaps(HDC handle, int index) {
     if (context == nullptr) {
         return 0;
     }
-    switch (index) {
-        case BITSPIXEL:
-            return context->kind == host::ContextKind::kPrinter ? 24 : 32;
-        case PLANES:
-            return 1;
-        case RASTERCAPS:
-            return host::kRasterCaps;
-        case PHYSICALOFFSETX:
-        case PHYSICALOFFSETY:
-            return 0;
-        case TECHNOLOGY:
-        case HORZSIZE:
-        case VERTSIZE:
-        case HORZRES:
-        case VERTRES:
-        case PHYSICALWIDTH:
-        case PHYSICALHEIGHT:
-        case LOGPIXELSX:
-        case LOGPIXELSY:
-            return context->job == nullptr ? host::ScreenCaps(index)
-                                           : host::PrinterCaps(*context->job, index);
-        default:
-            host::Unsupported("GetDeviceCaps(%d)", index);
+    if (index != LOGPIXELSY) {
+        host::Unsupported("GetDeviceCaps(%d)", index);
     }
+    return context->kind == host::ContextKind::kPrinter ? host::kResolution : 96;
 }
 
 int WINAPI StartDocW(HDC handle, const DOCINFOW* document) {

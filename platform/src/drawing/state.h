@@ -26,9 +26,8 @@ struct Bitmap {
 Surface SurfaceOf(Bitmap& bitmap);
 
 struct Brush {
-    UINT style = BS_SOLID;
     COLORREF color = 0;
-    std::optional<Bitmap> pattern;
+    std::optional<Bitmap> pattern = {};
 };
 
 struct Font {
@@ -61,23 +60,17 @@ struct ContextState {
     HGDIOBJ font = nullptr;
     COLORREF textColor = 0;
     COLORREF backColor = 0xFFFFFF;
-    COLORREF brushColor = 0xFFFFFF;
-    COLORREF penColor = 0;
     int backMode = OPAQUE;
-    UINT textAlign = TA_LEFT | TA_TOP;
     int stretchMode = BLACKONWHITE;
-    int mixMode = R2_COPYPEN;
     int colorManagement = ICM_OFF;
-    POINT viewport = {};
     POINT brushOrigin = {};
-    POINT position = {};
     Region clip;  // on the surface
 };
 
 /// What a context for a printer is in the middle of; see printing.cpp.
 struct PrintJob;
 
-enum class ContextKind { kPicture, kMemory, kScreen, kPrinter };
+enum class ContextKind { kPicture, kMemory, kPrinter };
 
 struct Context {
     ContextKind kind = ContextKind::kMemory;
@@ -93,7 +86,6 @@ struct Context {
 Context* FindContext(HDC handle);
 HDC AddContext(Context context);
 bool IsContext(HGDIOBJ handle);
-bool IsMemoryContext(HGDIOBJ handle);
 void DropContexts();
 /// Aborts what a context that goes away was printing.
 void DropDocument(HDC handle);
@@ -136,7 +128,7 @@ class Canvas {
         }
         return visible;
     }
-    void Put(int x, int y, int mixMode, Pixel pixel) const;
+    void Put(int x, int y, Pixel pixel) const;
     bool Sees(int x, int y) const;
     void Narrow(const RECT& rect) { KeepInside(clip_, At(rect)); }
     const Surface& surface() const { return surface_; }
@@ -151,7 +143,6 @@ class Canvas {
 class Paint {
   public:
     Paint(const Context& context, const Brush* brush);
-    bool IsNull() const { return brush_ == nullptr || brush_->style == BS_NULL; }
     Pixel At(int x, int y) const;
 
   private:
@@ -164,7 +155,7 @@ class Paint {
 };
 
 /// Fills a rectangle of the surface.
-void Fill(const Canvas& canvas, const RECT& rect, const Paint& paint, int mixMode = R2_COPYPEN);
+void Fill(const Canvas& canvas, const RECT& rect, const Paint& paint);
 /// Fills a rectangle in the context's coordinates with a color.
 void FillColor(HDC context, const RECT& rect, COLORREF color);
 

@@ -75,41 +75,12 @@ Pixel Combine(DWORD operation, Pixel target, Pixel source, Pixel pattern) {
             return source;
         case SRCPAINT:
             return target | source;
-        case SRCAND:
-            return target & source;
-        case SRCINVERT:
-            return target ^ source;
-        case NOTSRCCOPY:
-            return ~source & 0xFFFFFF;
-        case MERGEPAINT:
-            return target | (~source & 0xFFFFFF);
         case PATCOPY:
             return pattern;
-        case PATINVERT:
-            return target ^ pattern;
-        case DSTINVERT:
-            return ~target & 0xFFFFFF;
-        case BLACKNESS:
-            return 0;
         case WHITENESS:
             return 0xFFFFFF;
         default:
             Unsupported("raster operation %#x", operation);
-    }
-}
-
-Pixel Mix(int mode, Pixel target, Pixel pen) {
-    switch (mode) {
-        case R2_BLACK:
-            return 0;
-        case R2_NOT:
-            return ~target & 0xFFFFFF;
-        case R2_XORPEN:
-            return target ^ pen;
-        case R2_WHITE:
-            return 0xFFFFFF;
-        default:  // SetROP2 lets no other through than this
-            return pen;
     }
 }
 

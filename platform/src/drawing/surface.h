@@ -43,7 +43,5 @@ Surface SurfaceOf(Picture& picture);
 /// The result of a ternary raster operation on a pixel; stops at an unknown one.
 Pixel Combine(DWORD operation, Pixel target, Pixel source, Pixel pattern);
 bool UsesSource(DWORD operation);
-/// The result of a pen's or brush's mixing mode (R2_...).
-Pixel Mix(int mode, Pixel target, Pixel pen);
 
 }  // namespace host

@@ -25,59 +25,19 @@ void DrawGlyph(const Canvas& canvas, const Glyph& glyph, int x, int baseLine, Pi
         });
 }
 
-// The distances from each character to the next; those given or the font's own.
-std::vector<int> Advances(ReadyFont& font, const WCHAR* text, size_t length, const int* given) {
-    std::vector<int> advances(length);
-    for (size_t i = 0; i < length;) {
-        const size_t first = i;
-        advances[first] = font.GlyphOf(NextCharacter(text, length, &i)).advance;
-    }
-    return given == nullptr ? advances : std::vector<int>(given, given + length);
-}
-
 void DrawCharacters(const Canvas& canvas, const Context& context, POINT place, const WCHAR* text,
-                    size_t length, const int* distances) {
+                    size_t length) {
     ReadyFont& font = FontOf(context);
-    const LOGFONTW& description = Find<Font>(context.state.font)->description;
-    const std::vector<int> advances = Advances(font, text, length, distances);
-    int width = 0;
-    for (int advance : advances) {
-        width += advance;
-    }
-    const UINT align = context.state.textAlign;
-    if ((align & TA_CENTER) == TA_CENTER) {
-        place.x -= width / 2;
-    } else if ((align & TA_RIGHT) != 0) {
-        place.x -= width;
-    }
-    if ((align & TA_BASELINE) == TA_BASELINE) {
-        place.y -= font.ascent;
-    } else if ((align & TA_BOTTOM) != 0) {
-        place.y -= font.Height();
-    }
-    const RECT cell = {place.x, place.y, place.x + width, place.y + font.Height()};
     if (context.state.backMode == OPAQUE) {
+        const RECT cell = {place.x, place.y, place.x + font.WidthOf(text, length),
+                           place.y + font.Height()};
         canvas.Each(cell, [&](int, int, Pixel) { return PixelOf(context.state.backColor); });
     }
     const Pixel color = PixelOf(context.state.textColor);
-    const int baseLine = place.y + font.ascent;
     for (size_t i = 0; i < length;) {
-        const size_t first = i;
-        DrawGlyph(canvas, font.GlyphOf(NextCharacter(text, length, &i)), place.x, baseLine, color);
-        for (size_t unit = first; unit < i; ++unit) {
-            place.x += advances[unit];
-        }
-    }
-    const int thickness = std::max(1, font.emHeight / 16);
-    const auto line = [&](int y) {
-        canvas.Each({cell.left, y, cell.right, y + thickness},
-                    [&](int, int, Pixel) { return color; });
-    };
-    if (description.lfUnderline != 0) {
-        line(baseLine + thickness);
-    }
-    if (description.lfStrikeOut != 0) {
-        line(baseLine - font.emHeight / 3);
+        const Glyph& glyph = font.GlyphOf(NextCharacter(text, length, &i));
+        DrawGlyph(canvas, glyph, place.x, place.y + font.ascent, color);
+        place.x += glyph.advance;
     }
 }
 
@@ -88,8 +48,8 @@ using host::Context;
 
 BOOL WINAPI ExtTextOutW(HDC handle, int x, int y, UINT options, const RECT* rect, LPCWSTR text,
                         UINT length, const int* distances) {
-    if ((options & ~UINT{ETO_OPAQUE | ETO_CLIPPED}) != 0) {
-        host::Unsupported("ExtTextOutW with options %#x", options);
+    if ((options & ~UINT{ETO_OPAQUE | ETO_CLIPPED}) != 0 || distances != nullptr) {
+        host::Unsupported("ExtTextOutW with options %#x, or distances", options);
     }
     const Context* context = host::FindContext(handle);
     if (context == nullptr) {
@@ -104,7 +64,7 @@ BOOL WINAPI ExtTextOutW(HDC handle, int x, int y, UINT options, const RECT* rect
         canvas.Narrow(*rect);
     }
     if (text != nullptr && length != 0) {
-        host::DrawCharacters(canvas, *context, canvas.At(x, y), text, length, distances);
+        host::DrawCharacters(canvas, *context, canvas.At(x, y), text, length);
     }
     return TRUE;
 }
@@ -151,20 +111,6 @@ BOOL WINAPI GetTextMetricsW(HDC handle, TEXTMETRICW* metrics) {
     metrics->tmDefaultChar = 0x1F;
     metrics->tmBreakChar = 0x20;
     metrics->tmItalic = description.lfItalic;
-    metrics->tmUnderlined = description.lfUnderline;
-    metrics->tmStruckOut = description.lfStrikeOut;
     metrics->tmPitchAndFamily = FF_SWISS | 7;  // an outline font of characters of any width
-    return TRUE;
-}
-
-BOOL WINAPI GetCharWidth32W(HDC handle, UINT first, UINT last, LPINT widths) {
-    const Context* context = host::FindContext(handle);
-    if (context == nullptr || first > last) {
-        return FALSE;
-    }
-    host::ReadyFont& font = host::FontOf(*context);
-    for (UINT character = first; character <= last; ++character) {
-        *widths++ = font.GlyphOf(character).advance;
-    }
     return TRUE;
 }

@@ -48,8 +48,6 @@ TEST_F(DrawnNatively, PagesAreKeptAsDrawn) {
     EXPECT_EQ(printed.pages[0].At(1, 1), 0xFFFFFFu);
     EXPECT_EQ(printed.pages[1].At(1, 1), 0u);
     EXPECT_EQ(printed.pages[1].At(2, 1), 0xFFFFFFu);
-    EXPECT_EQ(printed.pages[1].width, GetDeviceCaps(context, HORZRES));
-    EXPECT_EQ(printed.pages[1].height, GetDeviceCaps(context, VERTRES));
     // The rest of an unfinished document goes with its context.
     EXPECT_GT(StartDocW(context, &document_), 0);
     EXPECT_TRUE(DeleteDC(context));
@@ -93,12 +91,15 @@ TEST_F(DrawnNatively, ThePaperDecidesTheSize) {
         record_.dmPaperWidth = test.width;
         record_.dmPaperLength = test.length;
         record_.dmOrientation = test.orientation;
-        HDC context = CreateICW(nullptr, TEXT("P"), nullptr, &record_);
-        EXPECT_EQ(GetDeviceCaps(context, PHYSICALWIDTH), test.pixelsWide);
-        EXPECT_EQ(GetDeviceCaps(context, VERTRES), test.pixelsHigh);
-        EXPECT_EQ(GetDeviceCaps(context, LOGPIXELSX), 300);
-        EXPECT_EQ(GetDeviceCaps(context, TECHNOLOGY), DT_RASPRINTER);
+        HDC context = Open(&record_);
+        EXPECT_EQ(GetDeviceCaps(context, LOGPIXELSY), 300);
+        StartDocW(context, &document_);
+        StartPage(context);
+        EndDoc(context);
         EXPECT_TRUE(DeleteDC(context));
+        const host::Picture& page = host::PrintedDocuments().back().pages.at(0);
+        EXPECT_EQ(page.width, test.pixelsWide);
+        EXPECT_EQ(page.height, test.pixelsHigh);
     }
 }
 
