@@ -1,0 +1,225 @@
+// The dialogs at the keyboard: Tab and the arrows lead to everything that can be operated and to
+// nothing else.
+#include "options_page.h"
+#include "resources/resource.h"
+#include "sheet_test.h"
+#include "tools/kpdtool/sheet/resource_names.h"
+
+#include <algorithm>
+#include <set>
+
+namespace test {
+namespace {
+
+std::string NameOf(HWND control) {
+    return kpdtool::ControlName(GetDlgCtrlID(control));
+}
+
+bool IsOfClass(HWND control, const WCHAR* wanted) {
+    WCHAR name[32] = {};
+    GetClassNameW(control, name, 32);
+    return WideString(name) == wanted;
+}
+
+// The arrows beside a field are not: the field's own keys step it as they do.
+bool IsOperated(HWND control) {
+    if (IsOfClass(control, TEXT("Static"))) {
+        return false;
+    }
+    if (IsOfClass(control, TEXT("Button"))) {
+        return (GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) != BS_GROUPBOX;
+    }
+    return !IsOfClass(control, TEXT("ScrollBar")) ||
+           !IsOfClass(GetWindow(control, GW_HWNDPREV), TEXT("Edit"));
+}
+
+std::vector<HWND> ControlsOf(HWND dialog) {
+    std::vector<HWND> controls;
+    for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT)) {
+        controls.push_back(control);
+    }
+    return controls;
+}
+
+// The control that has the focus or whose part has it; the dialog where none has.
+HWND Focused(HWND dialog) {
+    HWND focus = GetFocus();
+    while (IsChild(dialog, focus) && GetParent(focus) != dialog) {
+        focus = GetParent(focus);
+    }
+    return IsChild(dialog, focus) ? focus : dialog;
+}
+
+// Who moves the focus: of a page it is the sheet.
+HWND Manager(HWND dialog) {
+    const bool isPage = (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
+    return isPage ? GetParent(dialog) : dialog;
+}
+
+// As a message loop does it.
+void PressIn(HWND dialog, WPARAM key) {
+    MSG pressed = {GetFocus(), WM_KEYDOWN, key, 1, 0, {0, 0}};
+    EXPECT_TRUE(IsDialogMessageW(Manager(dialog), &pressed));
+    HandlePosted();
+}
+
+// What the key leads to from that control on, itself the first, until it leads nowhere new or out.
+std::vector<HWND> Round(HWND dialog, HWND from, WPARAM key) {
+    std::vector<HWND> reached;
+    SetFocus(from);
+    for (HWND focus = from; focus != dialog && std::ranges::find(reached, focus) == reached.end();
+         focus = Focused(dialog)) {
+        reached.push_back(focus);
+        PressIn(dialog, key);
+    }
+    return reached;
+}
+
+std::vector<HWND> Stops(HWND dialog) {
+    HWND first = GetNextDlgTabItem(dialog, nullptr, FALSE);
+    return IsChild(dialog, first) ? Round(dialog, first, VK_TAB) : std::vector<HWND>{};
+}
+
+bool HasArrows(HWND control) {
+    return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_WANTARROWS) == 0;
+}
+
+std::vector<HWND> Group(HWND dialog, HWND stop, WPARAM key) {
+    return HasArrows(stop) ? Round(dialog, stop, key) : std::vector{stop};
+}
+
+std::string Names(const std::vector<HWND>& controls) {
+    std::string names;
+    for (HWND control : controls) {
+        names += (names.empty() ? "" : " ") + NameOf(control);
+    }
+    return names;
+}
+
+void CheckReached(HWND dialog, const std::string& where) {
+    std::set<std::string> operated;
+    for (HWND control : ControlsOf(dialog)) {
+        if (IsOperated(control) && IsWindowVisible(control) && IsWindowEnabled(control)) {
+            operated.insert(NameOf(control));
+        }
+    }
+    std::set<std::string> reached;
+    const std::vector<HWND> stops = Stops(dialog);
+    for (HWND stop : stops) {
+        reached.insert(NameOf(stop));
+        for (WPARAM key : {VK_DOWN, VK_UP}) {
+            for (HWND next : Group(dialog, stop, key)) {
+                reached.insert(NameOf(next));
+            }
+        }
+    }
+    EXPECT_EQ(reached, operated) << where;
+    for (size_t i = 1; i < stops.size(); ++i) {
+        HWND back = GetNextDlgTabItem(Manager(dialog), stops[i], TRUE);
+        EXPECT_EQ(NameOf(back), NameOf(stops[i - 1])) << where << ": backwards";
+    }
+}
+
+// ---- Templates ----------------------------------------------------------------------------------
+
+using TemplateKeysTest = WindowTest;
+
+INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
+TEST_F(TemplateKeysTest, EveryControlOfEveryDialogIsReached) {
+    size_t controls = 0;
+    for (const kpdtool::ResourceName& row : kpdtool::ResourceNames()) {
+        if (!row.name.starts_with("IDD_")) {
+            continue;
+        }
+        const std::string name(row.name);
+        HWND dialog = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(row.number),
+                                         parent_, DoNothing, 0);
+        ASSERT_NE(dialog, nullptr) << name;
+        EnableWindow(dialog, TRUE);
+        ShowWindow(dialog, SW_SHOW);
+        CheckReached(dialog, name + " as it is");
+        for (HWND control : ControlsOf(dialog)) {
+            ShowWindow(control, SW_SHOW);
+            EnableWindow(control, TRUE);
+            ++controls;
+        }
+        CheckReached(dialog, name + ", all shown");
+        DestroyWindow(dialog);
+        HandlePosted();
+    }
+    EXPECT_GT(controls, 40u);
+}
+
+// ---- Pages --------------------------------------------------------------------------------------
+
+using PageKeysTest = SheetTest;
+
+TEST_F(PageKeysTest, EveryControlOfEveryPageIsReached) {
+    for (const WCHAR* model : {TEXT("Mirv KP-41"), TEXT("Mirv KP-43")}) {
+        RunSheet(model, {[&] {
+                     for (size_t i = 0; i < Tabs().size(); ++i) {
+                         CheckReached(ShowPage(static_cast<int>(i)),
+                                      Narrow(model) + ", " + Tabs()[i]);
+                     }
+                 }},
+                 PSBTN_CANCEL);
+    }
+}
+
+using DeviceOptionsKeysTest = OptionsPageTest;
+
+TEST_F(DeviceOptionsKeysTest, StopsComeInReadingOrder) {
+    Record().PrintSides = kFrontSide | kBackSide;
+    Record().TransparentCard = 1;
+    Open();
+    EXPECT_EQ(Names(Stops(page_)),
+              "IDC_RIBBON IDC_CARD_TYPE "
+              "IDC_THICKNESS IDC_K_ONLY_ON_BACK IDC_TRANSPARENT_CARD "
+              "IDC_LANDSCAPE IDC_ORIENTATION_LOCK IDC_COPIES "
+              "IDC_FRONT_IMAGE IDC_FRONT_ROTATE IDC_FRONT_FLIP "
+              "IDC_FRONT_COLOR IDC_FRONT_RESIN IDC_NO_WHITE_SKIP "
+              "IDC_BACK_IMAGE IDC_BACK_ROTATE IDC_BACK_FLIP "
+              "IDC_BACK_COLOR IDC_BACK_RESIN");
+    const std::pair<int, const char*> groups[] = {
+        {IDC_LANDSCAPE, "IDC_LANDSCAPE IDC_PORTRAIT"},
+        {IDC_K_ONLY_ON_BACK, "IDC_K_ONLY_ON_BACK IDC_TRANSPARENT_CARD"},
+        {IDC_ORIENTATION_LOCK, "IDC_ORIENTATION_LOCK"},
+        {IDC_FRONT_IMAGE, "IDC_FRONT_IMAGE IDC_FRONT_ROTATE IDC_FRONT_FLIP"},
+        {IDC_FRONT_COLOR, "IDC_FRONT_COLOR"},
+        {IDC_NO_WHITE_SKIP, "IDC_NO_WHITE_SKIP"},
+        {IDC_BACK_IMAGE, "IDC_BACK_IMAGE IDC_BACK_ROTATE IDC_BACK_FLIP"},
+        {IDC_BACK_COLOR, "IDC_BACK_COLOR"},
+    };
+    for (const auto& [stop, group] : groups) {
+        EXPECT_EQ(Names(Group(page_, GetDlgItem(page_, stop), VK_DOWN)), group);
+    }
+    SetModel({.duplex = 0, .kp41 = 0, .kp43 = 1});
+    Record().RibbonType = kRibbonK;
+    Open();
+    EXPECT_EQ(Names(Stops(page_)),
+              "IDC_THICKNESS IDC_LANDSCAPE IDC_ORIENTATION_LOCK IDC_COPIES IDC_FRONT_IMAGE "
+              "IDC_FRONT_ROTATE IDC_FRONT_RESIN IDC_NO_WHITE_SKIP");
+}
+
+// The checked one is the stop of its group, and the arrow that leads to another one chooses it.
+TEST_F(DeviceOptionsKeysTest, ArrowsChooseTheOrientation) {
+    for (const auto& [before, stop, key, after] :
+         {std::tuple{DMORIENT_LANDSCAPE, IDC_LANDSCAPE, VK_DOWN, DMORIENT_PORTRAIT},
+          std::tuple{DMORIENT_PORTRAIT, IDC_PORTRAIT, VK_LEFT, DMORIENT_LANDSCAPE}}) {
+        Paper().dmOrientation = static_cast<SHORT>(before);
+        Open();
+        SetFocus(GetDlgItem(page_, IDC_TRANSPARENT_CARD));
+        PressIn(page_, VK_TAB);
+        EXPECT_EQ(NameOf(GetFocus()), kpdtool::ControlName(stop));
+        EXPECT_EQ(Paper().dmOrientation, before) << "only the focus was moved";
+        PressIn(page_, static_cast<WPARAM>(key));
+        EXPECT_EQ(Paper().dmOrientation, after);
+    }
+}
+
+}  // namespace
+}  // namespace test
