@@ -60,6 +60,19 @@ LONG SheetTest::RunOn(HANDLE printer, int button) {
     return result;
 }
 
+void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
+    const std::pair<const WCHAR*, BYTE> kinds[] = {{TEXT("Mirv KP-41"), kRibbonYMCKO},
+                                                   {TEXT("Mirv KP-43"), kRibbonK}};
+    for (const auto& [model, ribbon] : kinds) {
+        input_.Private.RibbonType = ribbon;
+        RunSheet(model, {[&] {
+                     for (size_t i = 0; i < Tabs().size(); ++i) {
+                         look(ShowPage(static_cast<int>(i)));
+                     }
+                 }});
+    }
+}
+
 HWND SheetTest::Sheet() {
     HWND sheet = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), TakeSheet, reinterpret_cast<LPARAM>(&sheet));

@@ -25,6 +25,9 @@ class SheetTest : public DriverTest {
     /// The same on an open printer, without steps.
     LONG RunOn(HANDLE printer, int button = PSBTN_OK);
 
+    /// Asks `look` at every page of a colour printer and of one for rewritable cards.
+    void OpenEveryPage(const std::function<void(HWND page)>& look);
+
     // For the steps.
     static HWND Sheet();              ///< the sheet on the screen; null when there is none
     static HWND ShowPage(int index);  ///< shows a tab's page and gives its dialog

@@ -123,36 +123,64 @@ std::string TextOf(HWND window) {
     return Narrow(WideTextOf(window));
 }
 
-bool IsTextCut(HWND control) {
+namespace {
+
+// The room that a text of a control needs, drawn in its font, within `room`.
+SIZE SizeOf(HWND control, const WideString& text, const RECT& room, UINT format) {
+    RECT needed = room;
+    HDC context = GetDC(control);
+    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+    HGDIOBJ before = font != nullptr ? SelectObject(context, font) : nullptr;
+    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &needed, DT_CALCRECT | format);
+    if (before != nullptr) {
+        SelectObject(context, before);
+    }
+    ReleaseDC(control, context);
+    return {needed.right - needed.left, needed.bottom - needed.top};
+}
+
+WideString CutItemOf(HWND comboBox) {
+    constexpr int kMargin = 6;  // of the text, both sides
+    RECT room;
+    GetClientRect(comboBox, &room);
+    room.right -= GetSystemMetrics(SM_CXVSCROLL) + kMargin;
+    const LRESULT count = SendMessageW(comboBox, CB_GETCOUNT, 0, 0);
+    for (LRESULT i = 0; i < count; ++i) {
+        WCHAR text[1024] = {};
+        SendMessageW(comboBox, CB_GETLBTEXT, static_cast<WPARAM>(i),
+                     reinterpret_cast<LPARAM>(text));
+        if (SizeOf(comboBox, text, room, DT_SINGLELINE).cx > room.right) {
+            return text;
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+WideString CutTextOf(HWND control) {
     constexpr int kMargin = 8;      // of a push button's or group box's text, both sides
     constexpr int kIndicator = 18;  // of a check box or radio button, with its gap
     WCHAR name[16] = {};
     GetClassNameW(control, name, 16);
+    if (WideString(name) == TEXT("ComboBox")) {
+        return CutItemOf(control);
+    }
     const bool isButton = WideString(name) == TEXT("Button");
     if (!isButton && WideString(name) != TEXT("Static")) {
-        return false;
+        return {};
     }
     const LONG style = GetWindowLongW(control, GWL_STYLE);
     const LONG kind = style & BS_TYPEMASK;
     const bool wraps = !isButton || (style & BS_MULTILINE) != 0;
     const bool hasIndicator = isButton && kind >= BS_CHECKBOX && kind <= BS_AUTORADIOBUTTON &&
                               kind != BS_GROUPBOX && kind != BS_USERBUTTON;
-    RECT area;
-    GetClientRect(control, &area);
-    RECT room = area;
+    RECT room;
+    GetClientRect(control, &room);
     room.right -= hasIndicator ? kIndicator : isButton ? kMargin : 0;
-    RECT needed = room;
     const WideString text = WideTextOf(control);
-    HDC context = GetDC(control);
-    const auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
-    HGDIOBJ before = font != nullptr ? SelectObject(context, font) : nullptr;
-    DrawTextW(context, text.c_str(), static_cast<int>(text.size()), &needed,
-              DT_CALCRECT | (wraps ? DT_WORDBREAK : DT_SINGLELINE));
-    if (before != nullptr) {
-        SelectObject(context, before);
-    }
-    ReleaseDC(control, context);
-    return needed.right > room.right || needed.bottom - needed.top > area.bottom;
+    const SIZE needed = SizeOf(control, text, room, wraps ? DT_WORDBREAK : DT_SINGLELINE);
+    return needed.cx > room.right || needed.cy > room.bottom ? text : WideString();
 }
 
 void Press(HWND window, int key) {

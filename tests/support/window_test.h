@@ -35,9 +35,9 @@ void Note(UINT message, WPARAM wParam, LPARAM lParam);
 std::string TextOf(HWND window);
 WideString WideTextOf(HWND window);
 
-/// True when the text of a static control or button does not fit into it, drawn in its font and, in
-/// a static control, wrapped to its width. Other classes show more than their text.
-bool IsTextCut(HWND control);
+/// The text of a static control or button, or the first item of a combo box, that does not fit into
+/// it, drawn in its font and, in a static control, wrapped to its width; empty when all do.
+WideString CutTextOf(HWND control);
 
 void Press(HWND window, int key);          ///< WM_KEYDOWN and WM_KEYUP, sent
 void Type(HWND window, const char* text);  ///< a WM_CHAR for each character, sent
