@@ -100,14 +100,16 @@ TEST_F(LocalizeTest, ComboBoxKeepsOrderDataAndSelection) {
 }
 
 TEST_F(LocalizeTest, AnItemLongerThanAnyKeyStays) {
-    const WideString longItem = Wide(std::string(511, 'x'));
-    const WideString tooLong = Wide(std::string(2000, 'y'));
+    const WideString longest = Wide(std::string(511, 'x'));
+    const WideString tooLong = Wide(std::string(512, 'y'));
+    const WideString muchTooLong = Wide(std::string(2000, 'z'));
     HWND box = Items(TEXT("ComboBox"), CBS_DROPDOWNLIST, CB_ADDSTRING, CB_SETITEMDATA,
-                     {longItem.c_str(), tooLong.c_str(), TEXT("Disable")});
+                     {longest.c_str(), tooLong.c_str(), muchTooLong.c_str(), TEXT("Disable")});
     LocalizeComboBox(box);
-    EXPECT_EQ(SendMessageW(box, CB_GETLBTEXTLEN, 0, 0), 259);
-    EXPECT_EQ(SendMessageW(box, CB_GETLBTEXTLEN, 1, 0), 2000);
-    EXPECT_EQ(SendMessageW(box, CB_GETLBTEXTLEN, 2, 0), 3);
+    WPARAM item = 0;
+    for (const int length : {259, 512, 2000, 3}) {
+        EXPECT_EQ(SendMessageW(box, CB_GETLBTEXTLEN, item++, 0), length);
+    }
 }
 
 TEST_F(LocalizeTest, ListBox) {

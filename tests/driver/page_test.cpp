@@ -163,6 +163,8 @@ TEST_F(PageTest, TooltipIsSharedAndGoesWithAnyPage) {
                  tool.lpszText = nullptr;
                  SendMessageW(tooltip, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool));
                  EXPECT_EQ(tool.uFlags, UINT{TTF_IDISHWND | TTF_SUBCLASS});
+                 SendMessageW(ShowPage(kHeatingEnergySlot), WM_DESTROY, 0, 0);
+                 EXPECT_TRUE(IsWindow(tooltip)) << "this page leaves it to the others";
                  SendMessageW(ShowPage(0), WM_DESTROY, 0, 0);  // a page that has no tips
                  EXPECT_FALSE(IsWindow(tooltip));
              }},
