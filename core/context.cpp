@@ -133,7 +133,8 @@ DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record) {
 
 void ReleaseDriverContext(DriverContext* context) {
     if (context != nullptr) {
-        context->SelfCheck = context->SelfCheckTail = nullptr;  // for who kept the address
+        context->SelfCheck = context->SelfCheckTail =
+            nullptr;  // whoever kept the address sees it is gone
         HeapDestroy(context->Heap);
     }
 }

@@ -18,8 +18,8 @@ enum RibbonTraits : unsigned {
 
 // Codes 9, 10 and 14 are not offered, but records carry them.
 constexpr struct {
-    BYTE code;
-    unsigned traits;
+    BYTE Code;
+    unsigned Traits;
 } kRibbonTraits[] = {
     {kRibbonYMCKO, kColor | kCanLeaveBackToK},
     {kRibbonK, kResin},
@@ -34,14 +34,14 @@ constexpr struct {
 
 bool Is(BYTE ribbon, RibbonTraits trait) {
     for (const auto& row : kRibbonTraits) {
-        if (row.code == ribbon) {
-            return (row.traits & trait) != 0;
+        if (row.Code == ribbon) {
+            return (row.Traits & trait) != 0;
         }
     }
     return false;
 }
 
-// These have a resin panel of one use only.
+// Codes 6 to 8: the resin panel has one use, so that no list offers any.
 bool HasFixedResinPanel(BYTE ribbon) {
     return ribbon >= 6 && ribbon <= 8;
 }
@@ -51,7 +51,7 @@ bool HasFixedResinPanel(BYTE ribbon) {
 constexpr ResinChoice kPrecedence[] = {kBlackByYmcK,           kBlackByResin,  kTextOnly,
                                        kColorPrintingDisabled, kBlackAndWhite, kResinDither};
 
-// The bit of a choice in ResinOptions; 0 when it is not made there.
+// The bit of ResinOptions that a choice sets; 0 for a choice that sets none.
 BYTE OptionBit(const CardSide& side, ResinChoice choice) {
     switch (choice) {
         case kBlackByResin:
@@ -76,7 +76,7 @@ bool IsChosen(const DevModePrivate& record, const CardSide& side, ResinChoice ch
            (choice != kBlackByYmcK || (record.BlackByYmcK & side.Bit) != 0);
 }
 
-// Replaces what the resin options of a side say.
+// Makes `option` the only bit of ResinOptions that a side has set; 0 clears them all.
 void SetResinOption(DevModePrivate& record, const CardSide& side, BYTE option) {
     PutBits(record.ResinOptions, side.ResinMask, false);
     PutBits(record.ResinOptions, option, true);
@@ -100,7 +100,7 @@ void ChooseResinRibbonUse(DevModePrivate& record, const CardSide& side, ResinRib
     PutBits(record.ResinOptions2, side.Grey, choice == kResinRibbonGrey);
 }
 
-// Black/White, unless the side's dots are dithered.
+// Under a resin ribbon a printed side is black and white unless it is dithered.
 void NeedResinRibbonUse(DevModePrivate& record, const CardSide& side) {
     if ((record.ResinOptions & (side.BlackByResin | side.Dither)) == 0) {
         PutBits(record.ResinOptions, side.BlackByResin, true);
@@ -138,7 +138,7 @@ void SwitchUnprintableBackOff(DevModePrivate& record) {
     record.KOnlyOnBack = 0;
 }
 
-// Colour on the front alone, and on the back resin of some kind.
+// Both sides are printed, the front in colour, the back with resin: black by resin if nothing else.
 void PrintOnlyKOnBack(DevModePrivate& record) {
     PutBits(record.PrintSides, kBothSides, true);
     PutBits(record.ColorSides, kFrontSide, true);
@@ -334,14 +334,14 @@ bool ToggleColor(DevModePrivate& record, const CardSide& side) {
     const bool mixesBlack = (record.BlackByYmcK & side.Bit) != 0;
     PutBits(record.ColorSides, side.Bit, !hadColor);
     if (!hadColor) {
-        // What prints black alone gives way.
+        // With colour back, "Resin Dither", "Black/White" and "Black by YMC+K" end.
         if (mixesBlack || (record.ResinOptions & side.Dither) != 0 ||
             (record.ResinOptions2 & side.BlackAndWhite) != 0) {
             PutBits(record.ResinOptions2, side.BlackAndWhite, false);
             SetResinOption(record, side, 0);
         }
     } else if (IsColorRibbon(record.RibbonType)) {
-        // Something must be printed still.
+        // A side without colour prints at least black by resin; black cannot be mixed of colours.
         if ((record.ResinOptions & black) == 0) {
             PutBits(record.ResinOptions, side.BlackByResin, true);
         } else if (mixesBlack) {

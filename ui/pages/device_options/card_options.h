@@ -8,7 +8,8 @@
 
 // ---- What there is to choose from -------------------------------------------------------------
 
-/// Never offered: one has no resin panel, the other leaves nothing to choose on its sides.
+/// Two codes that the list does not offer, for ribbons without a resin panel, and without any
+/// choice on a side.
 constexpr BYTE kRibbonWithoutResin = 2;
 constexpr BYTE kRibbonWithoutOptions = 11;
 
@@ -48,9 +49,8 @@ bool IsBackPrintable(const DevModePrivate& record);
 /// The back can be printed by this model on this card.
 bool HasPrintableBack(const DriverContext& context);
 
-/// How resin is used on a side under a colour ribbon: the first choice that the record makes, from
-/// `first` on in the order of precedence, which begins with kBlackByYmcK and ends with
-/// kResinDither.
+/// How resin is used on a side under a colour ribbon. Of several uses in the record the first
+/// counts, in the order kBlackByYmcK, kBlackByResin, ... kResinDither, begun at `first`.
 ResinChoice ChosenResin(const DevModePrivate& record, const CardSide& side,
                         ResinChoice first = kBlackByYmcK);
 /// The same under a resin ribbon.

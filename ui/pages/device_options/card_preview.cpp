@@ -9,8 +9,8 @@ namespace {
 constexpr int kCornerDiameter = 16;
 constexpr int kOutline = 2;
 constexpr POINT kBackMark = {4, 4};         // from the preview's top left
-constexpr int kMarginRightOfPortrait = 10;  // of the preview,
-constexpr int kMarginBelowLandscape = 6;    // where the card does not reach
+constexpr int kMarginRightOfPortrait = 10;  // between the card and the preview's edge
+constexpr int kMarginBelowLandscape = 6;
 
 struct CardShape {
     bool IsPortrait;
@@ -20,7 +20,7 @@ struct CardShape {
     int ChipPicture;
     RECT Stripe;
     int BackMark;
-    int FirstPageOrder;  ///< both sides; then the front only, the back only
+    int FirstPageOrder;  ///< of three: both sides, the front only, the back only
 };
 constexpr CardShape kShapes[] = {
     {false,
@@ -45,7 +45,7 @@ const CardShape& ShapeOf(bool isPortrait) {
     return kShapes[isPortrait ? 1 : 0];
 }
 
-// A stripe moves what is printed aside.
+// Places of the colour image and the black text; a magnetic stripe moves them aside.
 POINT ColorPlace(bool isPortrait, const CardPicture& picture) {
     if (isPortrait) {
         return {picture.Stripe ? 55 : 45, picture.Rotated ? 120 : 70};
@@ -80,7 +80,7 @@ void DrawBlankCard(HDC canvas, SIZE size) {
     DeleteObject(pen);
 }
 
-// The desk that the cards lie on.
+// The ground of a preview.
 void FillWithTiles(PictureSet& pictures, HDC context, const RECT& area) {
     HBITMAP tile = pictures.Get(IDB_TILE);
     HBRUSH brush = tile == nullptr ? nullptr : CreatePatternBrush(tile);
@@ -90,7 +90,7 @@ void FillWithTiles(PictureSet& pictures, HDC context, const RECT& area) {
     }
 }
 
-// As long as its share of the card's other side, to the nearest pixel.
+// The shorter edge of a card whose longer one is given, to the nearest pixel.
 LONG ShortSide(LONG longSide) {
     return static_cast<LONG>(static_cast<float>(longSide) * 150.0f / 240.0f + 0.5f);
 }
@@ -112,7 +112,7 @@ void DrawCardSide(HWND dialog, PictureSet& pictures, HDC context, const DevModeR
     if (!canvas) {
         return;
     }
-    // Seen outside the card's round corners.
+    // So that the ground goes on outside the card's round corners.
     FillWithTiles(pictures, canvas.get(), {0, 0, shape.Size.cx, shape.Size.cy});
     DrawCard(pictures, canvas.get(), shape.IsPortrait, CardPictureOf(record.Private, side));
     StretchSmoothly(context, PlaceOfCard(preview, shape.IsPortrait), canvas.get(), shape.Size);

@@ -124,8 +124,8 @@ void OnColorChanged(HWND dialog, const DriverContext& context) {
 
 // ---- The rules --------------------------------------------------------------------------------
 
-// Makes a change with what it takes: the record or the context, its side, the index in a list.
-// False when it changed nothing at all.
+// Calls a change of card_options.h with the arguments that it takes. False when there was nothing
+// to change.
 template <auto Change, const CardSide&... Side>
 bool Apply(DriverContext& context, [[maybe_unused]] int index) {
     using Function = decltype(Change);

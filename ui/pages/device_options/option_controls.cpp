@@ -59,7 +59,7 @@ void ShowSide(HWND dialog, const DriverContext& context, const SideControls& con
     const bool exists = !isBack || HasPrintableBack(context);
     const bool printed = IsPrinted(record, side);
     const bool flippable = printed && record.TransparentCard == 1;
-    const bool free = record.KOnlyOnBack == 0;  // else both sides are as that needs them
+    const bool free = record.KOnlyOnBack == 0;  // "K only on Back" decides the sides itself
 
     CheckControl(dialog, controls.Image, printed);
     EnableControl(dialog, controls.Image, free);
@@ -72,7 +72,7 @@ void ShowSide(HWND dialog, const DriverContext& context, const SideControls& con
     ShowControl(dialog, controls.Flip, exists && context.IsKP41Family != 0);
 
     const bool hasPanels = printed && (!isBack || context.IsDuplexModel != 0);
-    // Under a ribbon of no known class they stay as they are.
+    // Under a ribbon of no known class the panels' controls stay as they are.
     if (!hasPanels || IsKnownRibbon(record.RibbonType)) {
         ShowPanels(dialog, controls, hasPanels && ShowsColor(context, side),
                    hasPanels && ShowsResin(record, side));

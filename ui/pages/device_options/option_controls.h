@@ -56,20 +56,20 @@ inline constexpr BoundButton kPlainButtons[] = {
 /// record's. A code that a list lacks shows its first entry.
 void FillCardLists(HWND dialog, const DevModePrivate& record);
 
-/// Offers a side's uses of resin up to `last`, looked up, and selects what
-/// the record says from `precedence` on (see ChosenResin).
+/// Offers a side's uses of resin up to `last`, looked up, and selects the record's (ChosenResin
+/// begun at `precedence`).
 void FillResinList(HWND dialog, const DriverContext& context, const SideControls& controls,
                    ResinChoice precedence, ResinChoice last = kBlackByYmcK);
 /// The same for both sides, with every use.
 void FillResinLists(HWND dialog, const DriverContext& context, ResinChoice precedence);
-/// Selects anew under a colour ribbon.
+/// Selects the record's use of resin in a list for a colour ribbon.
 void SelectResin(HWND dialog, const DevModePrivate& record, const SideControls& controls,
                  ResinChoice precedence);
 
 /// Shows or hides a side's colour box, and its resin list with the label.
 void ShowPanels(HWND dialog, const SideControls& controls, bool color, bool resin);
 
-/// Shows in everything but the lists and the copies what the record says.
+/// Shows what the record says in every control but the lists and the copies.
 void ShowOptions(HWND dialog, const DriverContext& context);
-/// Shows what the model alone decides, and the rest as the template has it.
+/// Shows and hides what the model alone decides, and undoes what an earlier record has hidden.
 void ShowModelsControls(HWND dialog, const DriverContext& context);

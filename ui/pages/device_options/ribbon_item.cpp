@@ -20,10 +20,10 @@ constexpr LetterColors kLetters[] = {
     {'F', kBlack, RGB(208, 255, 255)}, {'B', kWhite, RGB(128, 128, 128)},
 };
 
-// Ribbons of one colour, written out.
+// Ribbons of one colour are drawn on it as a whole.
 constexpr struct {
-    const WCHAR* name;
-    COLORREF background;
+    const WCHAR* Name;
+    COLORREF Background;
 } kSwatches[] = {
     {TEXT("Gold"), RGB(255, 223, 0)},
     {TEXT("Silver"), RGB(230, 232, 250)},
@@ -32,8 +32,8 @@ constexpr struct {
 
 LetterColors ColorsOf(WideView text, WCHAR letter) {
     for (const auto& swatch : kSwatches) {
-        if (text == swatch.name) {
-            return {letter, kBlack, swatch.background};
+        if (text == swatch.Name) {
+            return {letter, kBlack, swatch.Background};
         }
     }
     for (const LetterColors& colors : kLetters) {
