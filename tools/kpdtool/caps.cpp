@@ -1,4 +1,5 @@
 // kpdtool caps: what DrvDeviceCapabilities answers.
+#include "arguments.h"
 #include "commands.h"
 #include "core/driver_ui_contract.h"
 #include "temporary_printer.h"
@@ -6,12 +7,20 @@
 #include "tools/kpdtool/records/record_report.h"
 #include "wide_text.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 namespace kpdtool {
 namespace {
+
+struct Options {
+    PrinterArguments printer;
+    bool json = false;
+};
 
 // How an answer reads, and what the driver writes into the output buffer.
 enum class Shape { kNumber, kHex, kExtent, kWords, kPairs, kNames24, kNames64 };
@@ -131,10 +140,8 @@ std::string WrittenText(const Json& items) {
     return text;
 }
 
-}  // namespace
-
 int PrintCapabilities(const Options& options, std::ostream& out) {
-    TemporaryPrinter printer(options.printer, options.model);
+    TemporaryPrinter printer(options.printer.name, options.printer.model);
     TextTable table;
     table.Row({"index", "name", "answer", "written"});
     Json rows = Json::array();
@@ -153,11 +160,23 @@ int PrintCapabilities(const Options& options, std::ostream& out) {
                         {"written", items}});
     }
     if (options.json) {
-        PrintJson(out, {{"model", options.model}, {"capabilities", std::move(rows)}});
+        PrintJson(out, {{"model", options.printer.model}, {"capabilities", std::move(rows)}});
     } else {
         table.Print(out);
     }
     return 0;
+}
+
+}  // namespace
+
+Run DeclareCaps(CLI::App& command) {
+    const auto options = std::make_shared<Options>();
+    AddJson(command, options->json);
+    AddModelAndPrinter(command, options->printer);
+    return [options](std::ostream& out, std::ostream& notes) {
+        NoteModel(notes, options->printer);
+        return PrintCapabilities(*options, out);
+    };
 }
 
 }  // namespace kpdtool

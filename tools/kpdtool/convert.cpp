@@ -1,12 +1,28 @@
 // kpdtool convert: what DrvConvertDevMode makes of a record.
+#include "arguments.h"
 #include "commands.h"
 #include "core/driver_ui_contract.h"
 #include "temporary_printer.h"
 #include "text_table.h"
 #include "tools/kpdtool/records/record_report.h"
 
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+
 namespace kpdtool {
 namespace {
+
+struct Options {
+    DWORD mode = 0;
+    std::string in;
+    std::string to;
+    std::string out;
+    PrinterArguments printer;
+    std::optional<LONG> size;
+    bool json = false;
+};
 
 struct Outcome {
     bool done;
@@ -66,7 +82,7 @@ Outcome ConvertForPrinter(const Options& options, std::vector<BYTE>& output) {
     if (options.mode != CDM_DRIVER_DEFAULT) {
         return Convert(options, nullptr, output);
     }
-    TemporaryPrinter printer(options.printer, options.model);
+    TemporaryPrinter printer(options.printer.name, options.printer.model);
     return Convert(options, printer.Name(), output);
 }
 
@@ -92,10 +108,8 @@ Json OutcomeJson(const Options& options, const Outcome& outcome, const StoredRec
             {"record", record == nullptr ? Json() : RecordJson(*record, nullptr)}};
 }
 
-}  // namespace
-
 int ConvertRecord(const Options& options, std::ostream& out) {
-    const UiLanguage language(options.language);
+    const UiLanguage language("en");
     // As large as any layout asks for, whatever size the driver is told.
     std::vector<BYTE> output = options.to.empty() ? OwnLayout() : BufferOf(options.to);
     const Outcome outcome = ConvertForPrinter(options, output);
@@ -114,6 +128,30 @@ int ConvertRecord(const Options& options, std::ostream& out) {
         Print(out, outcome, converted);
     }
     return outcome.done ? 0 : 1;
+}
+
+}  // namespace
+
+Run DeclareConvert(CLI::App& command) {
+    const auto options = std::make_shared<Options>();
+    AddJson(command, options->json);
+    command
+        .add_option("--mode", options->mode,
+                    "1 into the layout of --to, 2 into the first generation's, 4 the "
+                    "printer's default record")
+        ->required()
+        ->check(CLI::IsMember({1, 2, 4}));
+    command.add_option("--in", options->in, "The input record; none when not given");
+    command.add_option("--to", options->to,
+                       "The output record before the call (default: this driver's layout)");
+    AddOut(command, options->out);
+    AddPrinter(command, options->printer, "Name of the printer's driver, for mode 4");
+    command.add_option("--size", options->size,
+                       "Size to pass (default: that of the output record)");
+    return [options](std::ostream& out, std::ostream& notes) {
+        NoteModel(notes, options->printer);
+        return ConvertRecord(*options, out);
+    };
 }
 
 }  // namespace kpdtool

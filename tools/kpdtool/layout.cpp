@@ -1,7 +1,12 @@
 // kpdtool layout: docs/record.md.
+#include "arguments.h"
 #include "commands.h"
 #include "temporary_printer.h"
 #include "tools/kpdtool/records/record_report.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
 
 namespace kpdtool {
 namespace {
@@ -69,11 +74,9 @@ Json FieldJson(const Field& field, const StoredRecord& defaults) {
     return json;
 }
 
-}  // namespace
-
-int PrintLayout(const Options& options, std::ostream& out) {
+int PrintLayout(bool json, std::ostream& out) {
     const StoredRecord defaults = DefaultRecord();
-    if (options.json) {
+    if (json) {
         Json fields = Json::array();
         for (const Field& field : RecordFields()) {
             fields.push_back(FieldJson(field, defaults));
@@ -85,6 +88,14 @@ int PrintLayout(const Options& options, std::ostream& out) {
     PrintPart(out, defaults, false);
     PrintPart(out, defaults, true);
     return 0;
+}
+
+}  // namespace
+
+Run DeclareLayout(CLI::App& command) {
+    const auto json = std::make_shared<bool>(false);
+    AddJson(command, *json);
+    return [json](std::ostream& out, std::ostream&) { return PrintLayout(*json, out); };
 }
 
 }  // namespace kpdtool

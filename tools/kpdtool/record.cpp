@@ -1,12 +1,25 @@
 // kpdtool record: the record that the driver builds for a model.
+#include "arguments.h"
 #include "commands.h"
 #include "core/context.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
 #include "tools/kpdtool/records/record_report.h"
 
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
 namespace kpdtool {
 namespace {
+
+struct Options {
+    PrinterArguments printer;
+    std::string language = "en";
+    std::string in;
+    std::string out;
+    bool json = false;
+};
 
 // The working record of a driver context for the printer, with the incoming record's settings.
 StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
@@ -17,30 +30,45 @@ StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
     const OwnedContext context(
         CreateDriverContext(printer, incoming.empty() ? nullptr : RecordIn(incoming)));
     if (!context) {
-        throw ToolError((options.in.empty() ? options.printer : options.in) +
+        throw ToolError((options.in.empty() ? options.printer.name : options.in) +
                         ": the driver refuses it");
     }
     const auto* bytes = reinterpret_cast<const BYTE*>(&context->WorkingDevMode);
-    return StoredRecord(options.printer, {bytes, bytes + sizeof(DevModeRecord)});
+    return StoredRecord(options.printer.name, {bytes, bytes + sizeof(DevModeRecord)});
 }
-
-}  // namespace
 
 int BuildRecord(const Options& options, std::ostream& out) {
     const UiLanguage language(options.language);
-    TemporaryPrinter printer(options.printer, options.model);
+    TemporaryPrinter printer(options.printer.name, options.printer.model);
     const StoredRecord record = WorkingRecord(options, printer.get());
     if (!options.out.empty()) {
         WriteRecordFile(options.out, record.All());
     }
     if (options.json) {
-        Json json = {{"model", options.model}, {"language", options.language}};
+        Json json = {{"model", options.printer.model}, {"language", options.language}};
         json.update(RecordJson(record, nullptr));
         PrintJson(out, json);
     } else {
         PrintRecord(out, record, nullptr);
     }
     return 0;
+}
+
+}  // namespace
+
+Run DeclareRecord(CLI::App& command) {
+    const auto options = std::make_shared<Options>();
+    AddJson(command, options->json);
+    AddModelAndPrinter(command, options->printer);
+    command.add_option("--in", options->in, "Merge the record in this file");
+    AddOut(command, options->out);
+    command
+        .add_option("--language", options->language, "The user's UI language: " + LanguageTags())
+        ->capture_default_str();
+    return [options](std::ostream& out, std::ostream& notes) {
+        NoteModel(notes, options->printer);
+        return BuildRecord(*options, out);
+    };
 }
 
 }  // namespace kpdtool

@@ -1,4 +1,5 @@
 // kpdtool sheet: the document sheet, opened as an application does and used as a script says.
+#include "arguments.h"
 #include "commands.h"
 #include "core/page_table.h"
 #include "temporary_printer.h"
@@ -10,11 +11,28 @@
 
 #include <prsht.h>
 
+#include <CLI/CLI.hpp>
+
 #include <filesystem>
+#include <memory>
+#include <optional>
 #include <sstream>
 
 namespace kpdtool {
 namespace {
+
+struct Options {
+    PrinterArguments printer;
+    std::string port;
+    bool remote = false;
+    std::string language;  ///< empty: the user's as it is
+    std::string package;
+    std::string in;
+    std::string out;
+    std::string script;
+    std::string pictures;
+    bool json = false;
+};
 
 struct Outcome {
     bool accepted = false;
@@ -25,6 +43,12 @@ struct Outcome {
 };
 
 constexpr LONG kAccepted = 1;
+
+constexpr char kNotation[] =
+    R"(A TEXT, ITEM or CONTROL stands in double quotes, "\"" for one within. A control is named by its
+English text, or a field by the label before it; "Rotate 180"#2 is the second of that text; or by
+its IDC_ name. Answers are for the next message box (yes, no, ...) or file dialog ("a file").
+A script that presses neither ok nor cancel ends with ok. Exit status 1: an expectation failed.)";
 
 void Require(const std::string& reason) {
     if (!reason.empty()) {
@@ -55,7 +79,7 @@ class Application {
         std::vector<BYTE> record(kLargestRecord);
         if (documentProperties_(nullptr, printer_.get(), printer_.Name(), RecordIn(record), nullptr,
                                 DM_OUT_BUFFER) != kAccepted) {
-            throw ToolError(options_.printer + ": the driver gives no record");
+            throw ToolError(options_.printer.name + ": the driver gives no record");
         }
         return record;
     }
@@ -72,8 +96,8 @@ class Application {
 
   private:
     static computer::PrinterSpec Spec(const Options& options) {
-        return {.name = FromUtf8(options.printer),
-                .model = FromUtf8(options.model),
+        return {.name = FromUtf8(options.printer.name),
+                .model = FromUtf8(options.printer.model),
                 .port = FromUtf8(options.port),
                 .remote = options.remote};
     }
@@ -88,8 +112,8 @@ bool IsForTheUser(const Options& options) {
     return options.script.empty() && options.pictures.empty();
 }
 
-Outcome Run(const Options& options, const Script& script, Application& application,
-            std::vector<BYTE>& input, std::vector<BYTE>& output) {
+Outcome UseSheet(const Options& options, const Script& script, Application& application,
+                 std::vector<BYTE>& input, std::vector<BYTE>& output) {
     Outcome outcome;
     if (IsForTheUser(options)) {
         outcome.accepted = application.ShowSheet(input, output);
@@ -144,7 +168,7 @@ void Print(std::ostream& out, const Options& options, const Outcome& outcome,
 }
 
 Json OutcomeJson(const Options& options, const Outcome& outcome, const Differences* changes) {
-    return {{"model", options.model},
+    return {{"model", options.printer.model},
             {"accepted", changes != nullptr},
             {"failure", outcome.unexpected.empty() ? Json() : Json(outcome.unexpected)},
             {"messages", outcome.messages},
@@ -152,8 +176,6 @@ Json OutcomeJson(const Options& options, const Outcome& outcome, const Differenc
             {"printed", outcome.printed},
             {"fields", changes == nullptr ? Json() : changes->Rows()}};
 }
-
-}  // namespace
 
 int RunSheet(const Options& options, std::ostream& out) {
     Script script;
@@ -163,15 +185,15 @@ int RunSheet(const Options& options, std::ostream& out) {
         Require(computer::WhyNoUser());
     }
     std::optional<UiLanguage> language;
-    if (!options.sheetLanguage.empty()) {
-        language.emplace(options.sheetLanguage);
+    if (!options.language.empty()) {
+        language.emplace(options.language);
     }
     InstallPackage(options);
     Application application(options);
     std::vector<BYTE> input = application.Input();
     const StoredRecord before = Trimmed("the input record", input);
     std::vector<BYTE> output(kLargestRecord);
-    const Outcome outcome = Run(options, script, application, input, output);
+    const Outcome outcome = UseSheet(options, script, application, input, output);
     std::optional<Differences> changes;
     if (outcome.accepted && outcome.unexpected.empty()) {
         const StoredRecord after = Trimmed("the returned record", output);
@@ -186,6 +208,33 @@ int RunSheet(const Options& options, std::ostream& out) {
         Print(out, options, outcome, changes ? &*changes : nullptr);
     }
     return outcome.unexpected.empty() ? 0 : 1;
+}
+
+}  // namespace
+
+Run DeclareSheet(CLI::App& command) {
+    const auto options = std::make_shared<Options>();
+    command.footer(command.get_footer() + "\nSteps, one a line, # begins a comment:\n" +
+                   ScriptForms() + kNotation);
+    AddJson(command, options->json);
+    AddPrinter(command, options->printer, "Name of the printer's driver");
+    command.add_option("--port", options->port, "The printer's port (default: a local one)");
+    command.add_flag("--remote", options->remote, "It is a printer of another computer");
+    command.add_option("--language", options->language,
+                       "The user's UI language (default: as it is): " + LanguageTags());
+    command.add_option("--package", options->package,
+                       "The driver package's folder, for its language files and pictures (default: "
+                       "that of the sources)");
+    command.add_option("--in", options->in,
+                       "The record that the application has (default: the printer's)");
+    AddOut(command, options->out);
+    command.add_option("--script", options->script, "The steps");
+    command.add_option("--pictures", options->pictures,
+                       "Write a picture of every page to this folder before closing");
+    return [options](std::ostream& out, std::ostream& notes) {
+        NoteModel(notes, options->printer);
+        return RunSheet(*options, out);
+    };
 }
 
 }  // namespace kpdtool

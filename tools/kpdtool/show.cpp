@@ -1,11 +1,20 @@
 // kpdtool show: a stored record, and what a merge makes of it.
+#include "arguments.h"
 #include "commands.h"
 #include "tools/kpdtool/records/record_report.h"
 
+#include <CLI/CLI.hpp>
+
 #include <algorithm>
+#include <memory>
 
 namespace kpdtool {
 namespace {
+
+struct Options {
+    std::string file;
+    bool json = false;
+};
 
 void PrintProblems(std::ostream& out, const StoredRecord& record, const StoredRecord* merged) {
     size_t problems = 0;
@@ -24,14 +33,12 @@ void PrintProblems(std::ostream& out, const StoredRecord& record, const StoredRe
     }
 }
 
-}  // namespace
-
 int ShowRecord(const Options& options, std::ostream& out) {
-    const StoredRecord record = ReadRecordFile(options.first);
+    const StoredRecord record = ReadRecordFile(options.file);
     const std::optional<StoredRecord> merged = Merged(record);
     const StoredRecord* beside = merged ? &*merged : nullptr;
     if (options.json) {
-        Json json = {{"file", options.first}, {"mergeAccepts", merged.has_value()}};
+        Json json = {{"file", options.file}, {"mergeAccepts", merged.has_value()}};
         json.update(RecordJson(record, beside));
         PrintJson(out, json);
     } else {
@@ -39,6 +46,15 @@ int ShowRecord(const Options& options, std::ostream& out) {
         PrintProblems(out, record, beside);
     }
     return 0;
+}
+
+}  // namespace
+
+Run DeclareShow(CLI::App& command) {
+    const auto options = std::make_shared<Options>();
+    AddJson(command, options->json);
+    command.add_option("FILE", options->file, "The record")->required();
+    return [options](std::ostream& out, std::ostream&) { return ShowRecord(*options, out); };
 }
 
 }  // namespace kpdtool
