@@ -44,6 +44,7 @@ TEST_F(DeviceModeTest, DefaultRecordHasTheseBytes) {
 }
 
 TEST_F(DeviceModeTest, TwoModelsDifferByTheirWholeNames) {
+    // PrintingMode; RibbonType, CardType, ColorSides, ResinOptions.
     const std::map<size_t, int> premium = {{336, 0}};
     const std::map<size_t, int> adhesive = {{325, 1}, {327, 5}, {329, 0}, {330, 4}};
     const struct {
@@ -71,7 +72,7 @@ TEST_F(DeviceModeTest, TwoModelsDifferByTheirWholeNames) {
 TEST_F(DeviceModeTest, UserLanguageSetsSkinToneAndItsWord) {
     const struct {
         LANGID language;
-        int index, skinTone, word;
+        int index, skinTone, word;  // UiLanguageIndex, SkinTone, Reserved100
     } cases[] = {
         {0x0409, 1, 1, 3},  {0x0404, 2, 1, 1}, {0x0804, 3, 2, 1},  {0x0C04, 1, 1, 3},
         {0x040C, 4, 1, 3},  {0x0C07, 5, 1, 3}, {0x0410, 6, 1, 3},  {0x0C0A, 7, 1, 3},

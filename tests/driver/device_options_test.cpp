@@ -28,6 +28,22 @@ class DeviceOptionsTest : public OptionsPageTest {};
 
 // ---- Opening ----------------------------------------------------------------------------------
 
+// How the tables' rows read. `before` changes a default record; `options` is what the record says
+// then:
+//   "sides 3"         PrintSides, as all sides here: 1 the front, 2 the back, 3 both
+//   "color 1"         ColorSides
+//   "resin 02 00"     ResinOptions and ResinOptions2, hexadecimal
+//   "ymc 0 k 1"       BlackByYmcK and KOnlyOnBack
+//   "turn 32"         RotateSides, then FlipSides
+// `front` and `back` are that side's controls, `kOnly` is the box "K only on Back":
+//   "~x . ~. x Text only of 7"
+//    |  | |  | the resin list: its selected item and how many it has
+//    |  | |  "Color Printing"
+//    |  | "Flip"
+//    |  "Rotate 180"
+//    the side's image
+//   A box is "x" checked or "." not; "~" before it: it is disabled; "-": the control is hidden.
+
 TEST_F(DeviceOptionsTest, WhatARecordShows) {
     const struct {
         const char* name;
@@ -95,6 +111,8 @@ TEST_F(DeviceOptionsTest, WhatARecordShows) {
 
 // ---- Choices ----------------------------------------------------------------------------------
 
+// As in the table above; `redrawn` are the pictures that are drawn anew: the side's previews and
+// the page order.
 struct Choice {
     const char* name;
     ModelFlags model;

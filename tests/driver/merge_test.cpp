@@ -87,13 +87,13 @@ TEST_F(MergeTest, ColourManagementIsTakenAndResolutionAndMediaTypeAreClaimed) {
 
 TEST_F(MergeTest, OneOfTheTwoCardFormsResults) {
     const struct {
-        DWORD fields;
-        SHORT paperSize;
-        BYTE kind;
+        DWORD fields;     // claimed by the incoming record: DM_PAPERSIZE or none
+        SHORT paperSize;  // the incoming dmPaperSize
+        BYTE kind;        // and its CardSizeKind
         SHORT mergedPaper;
         BYTE mergedKind;
-        DWORD media;
-        SHORT length;
+        DWORD media;   // dmMediaType after the merge, 55 before
+        SHORT length;  // dmPaperLength after the merge
         const WCHAR* form;
     } cases[] = {
         {DM_PAPERSIZE, 561, 0, 560, 0, 401, 859, TEXT("CR-80 Card")},
@@ -133,6 +133,8 @@ TEST_F(MergeTest, WholePrivatePartIsTakenButForAFewBytes) {
     const DevModeRecord merged = Merged(incoming, current);
     const BYTE* bytes = reinterpret_cast<const BYTE*>(&merged.Private);
     for (size_t i = 0; i < sizeof(merged.Private); ++i) {
+        // 12 CardSizeKind, which the card form decides; 55 the end of ReservedText, which is always
+        // terminated; 94 to 264 the bytes that are never taken; 15 ModelCode.
         const bool keeps = i == 12 || i == 55 || (i >= 94 && i <= 96) || i == 98 || i == 99 ||
                            (i >= 262 && i <= 264);
         EXPECT_EQ(bytes[i], i == 15 ? 32 : (keeps ? 0 : 1)) << "private offset " << i;
@@ -248,15 +250,14 @@ TEST_F(MergeTest, SecondMergeChangesNothingMore) {
     }
 }
 
-// ---- Handing the working record out
-// --------------------------------------------------------------
+// ---- Handing the working record out ------------------------------------------------------------
 
 TEST_F(MergeTest, CopyOutGivesTheCallersLayout) {
     const struct {
         const char* name;
         WORD size, spec, driver, extra;  // of the caller's input record
         WORD outSize, outSpec, outDriver, outExtra;
-        bool privatePart;
+        bool privatePart;  // the working record's is given out
     } cases[] = {
         {"own", 220, 0x0401, 0x0500, 364, 220, 0x0401, 0x0500, 364, true},
         {"larger", 300, 0x0402, 0x0700, 900, 220, 0x0401, 0x0500, 364, true},
