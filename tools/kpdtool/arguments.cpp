@@ -28,7 +28,8 @@ void AddModelAndPrinter(CLI::App& command, PrinterArguments& printer) {
     AddPrinterName(command, printer);
 }
 
-void AddPrinter(CLI::App& command, PrinterArguments& printer, const std::string& modelDescription) {
+void AddOptionalModelAndPrinter(CLI::App& command, PrinterArguments& printer,
+                                const std::string& modelDescription) {
     command.add_option("--model", printer.model, modelDescription)->capture_default_str();
     AddPrinterName(command, printer);
 }

@@ -19,7 +19,8 @@ void AddOut(CLI::App& command, std::string& path);
 /// MODEL, which must be given, and --printer.
 void AddModelAndPrinter(CLI::App& command, PrinterArguments& printer);
 /// --model, for what the description says, and --printer.
-void AddPrinter(CLI::App& command, PrinterArguments& printer, const std::string& modelDescription);
+void AddOptionalModelAndPrinter(CLI::App& command, PrinterArguments& printer,
+                                const std::string& modelDescription);
 
 /// Tells when the model belongs to no known family.
 void NoteModel(std::ostream& notes, const PrinterArguments& printer);

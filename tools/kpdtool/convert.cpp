@@ -145,7 +145,8 @@ Run DeclareConvert(CLI::App& command) {
     command.add_option("--to", options->to,
                        "The output record before the call (default: this driver's layout)");
     AddOut(command, options->out);
-    AddPrinter(command, options->printer, "Name of the printer's driver, for mode 4");
+    AddOptionalModelAndPrinter(command, options->printer,
+                               "Name of the printer's driver, for mode 4");
     command.add_option("--size", options->size,
                        "Size to pass (default: that of the output record)");
     return [options](std::ostream& out, std::ostream& notes) {

@@ -217,7 +217,7 @@ Run DeclareSheet(CLI::App& command) {
     command.footer(command.get_footer() + "\nSteps, one a line, # begins a comment:\n" +
                    ScriptForms() + kNotation);
     AddJson(command, options->json);
-    AddPrinter(command, options->printer, "Name of the printer's driver");
+    AddOptionalModelAndPrinter(command, options->printer, "Name of the printer's driver");
     command.add_option("--port", options->port, "The printer's port (default: a local one)");
     command.add_flag("--remote", options->remote, "It is a printer of another computer");
     command.add_option("--language", options->language,
