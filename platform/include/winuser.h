@@ -15,7 +15,6 @@
 #define RT_GROUP_ICON MAKEINTRESOURCEW(14)
 #define IDC_ARROW MAKEINTRESOURCEW(32512)
 #define IDC_WAIT MAKEINTRESOURCEW(32514)
-#define IDI_APPLICATION MAKEINTRESOURCEW(32512)
 
 using WNDPROC = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 using DLGPROC = INT_PTR(CALLBACK*)(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
@@ -390,9 +389,7 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SS_TYPEMASK 0x1F
 #define SS_NOPREFIX 0x80
 #define SS_NOTIFY 0x100
-#define STM_SETICON 0x170
 #define STM_GETICON 0x171
-#define STM_SETIMAGE 0x172
 #define STM_GETIMAGE 0x173
 #define STN_CLICKED 0
 #define STN_DBLCLK 1
@@ -590,38 +587,15 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SM_CXSCREEN 0
 #define SM_CYSCREEN 1
 #define SM_CXVSCROLL 2
-#define SM_CYHSCROLL 3
 #define SM_CYCAPTION 4
-#define SM_CXBORDER 5
-#define SM_CYBORDER 6
-#define SM_CXFIXEDFRAME 7
-#define SM_CYFIXEDFRAME 8
 #define SM_CYVTHUMB 9
 #define SM_CXHTHUMB 10
 #define SM_CXICON 11
 #define SM_CYICON 12
-#define SM_CXSMICON 0x31
-#define SM_CYSMICON 0x32
-#define SM_CXCURSOR 13
-#define SM_CYCURSOR 14
 #define SM_CXEDGE 0x2D
-#define SM_CYEDGE 0x2E
 #define SM_CYVSCROLL 0x14
 #define SM_CXHSCROLL 0x15
 #define SM_CYMENU 15
-#define SM_CXMIN 28
-#define SM_CYMIN 29
-#define SM_CXSIZE 30
-#define SM_CYSIZE 31
-#define SM_CXFRAME 32
-#define SM_CYFRAME 33
-#define SM_CXDOUBLECLK 36
-#define SM_CYDOUBLECLK 37
-#define SM_CYSMCAPTION 51
-#define SM_CXDRAG 68
-#define SM_CYDRAG 69
-#define SM_CXMENUCHECK 71
-#define SM_CYMENUCHECK 72
 #define BDR_RAISEDOUTER 1
 #define BDR_SUNKENOUTER 2
 #define BDR_RAISEDINNER 4
@@ -645,9 +619,7 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DFCS_BUTTONCHECK 0
 #define DFCS_BUTTONRADIO 4
 #define DFCS_BUTTONPUSH 0x10
-#define DFCS_BUTTON3STATE 8
 #define DFCS_CAPTIONCLOSE 0
-#define DFCS_CAPTIONHELP 4
 #define DFCS_SCROLLUP 0
 #define DFCS_SCROLLDOWN 1
 #define DFCS_SCROLLLEFT 2
@@ -667,17 +639,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DT_CALCRECT 0x400
 #define DT_NOPREFIX 0x800
 #define DT_END_ELLIPSIS 0x8000
-#define DI_NORMAL 3
 
 // Images.
 #define IMAGE_BITMAP 0
-#define IMAGE_ICON 1
-#define IMAGE_CURSOR 2
-#define LR_DEFAULTCOLOR 0
 #define LR_LOADFROMFILE 0x10
-#define LR_DEFAULTSIZE 0x40
 #define LR_CREATEDIBSECTION 0x2000
-#define LR_SHARED 0x8000
 
 #define HWND_TOP ((HWND)0)
 #define HWND_BOTTOM ((HWND)1)
@@ -771,8 +737,6 @@ int WINAPI DrawTextW(HDC context, LPCWSTR text, int length, LPRECT rect, UINT fo
 BOOL WINAPI DrawEdge(HDC context, LPRECT rect, UINT edge, UINT flags);
 BOOL WINAPI DrawFrameControl(HDC context, LPRECT rect, UINT type, UINT state);
 BOOL WINAPI DrawIcon(HDC context, int x, int y, HICON icon);
-BOOL WINAPI DrawIconEx(HDC context, int x, int y, HICON icon, int width, int height, UINT step,
-                       HBRUSH background, UINT flags);
 DWORD WINAPI GetSysColor(int index);
 HBRUSH WINAPI GetSysColorBrush(int index);
 int WINAPI GetSystemMetrics(int index);
@@ -782,7 +746,6 @@ BOOL WINAPI InflateRect(LPRECT rect, int dx, int dy);
 BOOL WINAPI OffsetRect(LPRECT rect, int dx, int dy);
 BOOL WINAPI IntersectRect(LPRECT result, const RECT* a, const RECT* b);
 BOOL WINAPI UnionRect(LPRECT result, const RECT* a, const RECT* b);
-BOOL WINAPI IsRectEmpty(const RECT* rect);
 BOOL WINAPI EqualRect(const RECT* a, const RECT* b);
 BOOL WINAPI PtInRect(const RECT* rect, POINT point);
 
@@ -829,7 +792,6 @@ HICON WINAPI LoadIconW(HINSTANCE module, LPCWSTR name);
 HCURSOR WINAPI LoadCursorW(HINSTANCE module, LPCWSTR name);
 HANDLE WINAPI LoadImageW(HINSTANCE module, LPCWSTR name, UINT type, int width, int height,
                          UINT flags);
-BOOL WINAPI DestroyIcon(HICON icon);
 HCURSOR WINAPI SetCursor(HCURSOR cursor);
 
 // Menus.

@@ -42,18 +42,19 @@ std::string Letters(HBITMAP bitmap, int width, int height) {
     return letters;
 }
 
-// Where an icon drawn in its own size is visible, and in which colour, on green ground.
-std::string Drawn(HICON icon, int size, std::initializer_list<POINT> points) {
+// Where an icon is visible, and in which colour, on green ground.
+std::string Drawn(HICON icon, std::initializer_list<POINT> points) {
+    constexpr int kSize = 32;
     HDC screen = GetDC(nullptr);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, size, size);
+    HBITMAP bitmap = CreateCompatibleBitmap(screen, kSize, kSize);
     ReleaseDC(nullptr, screen);
     HDC context = CreateCompatibleDC(nullptr);
     HGDIOBJ before = SelectObject(context, bitmap);
     HBRUSH green = CreateSolidBrush(RGB(0, 255, 0));
-    const RECT all = {0, 0, size, size};
+    const RECT all = {0, 0, kSize, kSize};
     FillRect(context, &all, green);
     DeleteObject(green);
-    EXPECT_TRUE(DrawIconEx(context, 0, 0, icon, 0, 0, 0, nullptr, DI_NORMAL));
+    EXPECT_TRUE(DrawIcon(context, 0, 0, icon));
     std::string letters;
     for (const POINT& point : points) {
         const COLORREF color = GetPixel(context, point.x, point.y);
@@ -88,7 +89,6 @@ TEST_F(ResourcesTest, BitmapsComeFromTheProgramAndFromFiles) {
     HANDLE bitmaps[] = {
         LoadBitmapW(module_, MAKEINTRESOURCEW(IDB_COLORS)),
         LoadBitmapW(module_, TEXT("byname")),
-        LoadImageW(module_, MAKEINTRESOURCEW(IDB_COLORS), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION),
         LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE),
     };
     for (HANDLE bitmap : bitmaps) {
@@ -106,44 +106,19 @@ TEST_F(ResourcesTest, BitmapsComeFromTheProgramAndFromFiles) {
     EXPECT_EQ(LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE), nullptr);
 }
 
-TEST_F(ResourcesTest, IconsAreChosenByTheirSize) {
-    const test::WideString path = test::TestFolder() + TEXT("\\sizes.ico");
-    std::filesystem::copy_file(std::filesystem::path(KPD_SOURCE_DIR) / "tests/resources/sizes.ico",
-                               test::DiskPath(path));
-    const LPCWSTR name = MAKEINTRESOURCEW(IDI_SIZES);
-    const struct {
-        HANDLE icon;
-        int size;
-        const char* drawn;
-    } kCases[] = {
-        {LoadImageW(module_, name, IMAGE_ICON, 16, 16, 0), 16, "GBG"},
-        {LoadImageW(module_, name, IMAGE_ICON, 32, 32, 0), 32, "GRG"},
-        {LoadImageW(module_, name, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE), 32, "GRG"},
-        {LoadImageW(nullptr, path.c_str(), IMAGE_ICON, 16, 16, LR_LOADFROMFILE), 16, "GBG"},
-        {LoadImageW(nullptr, path.c_str(), IMAGE_ICON, 32, 32, LR_LOADFROMFILE), 32, "GRG"},
-    };
-    for (const auto& [icon, size, drawn] : kCases) {
-        EXPECT_EQ(Drawn(static_cast<HICON>(icon), size,
-                        {{1, 1}, {size / 2, size / 2}, {size - 2, size / 2}}),
-                  drawn);
-        EXPECT_TRUE(DestroyIcon(static_cast<HICON>(icon)));
-    }
-    EXPECT_EQ(LoadIconW(module_, MAKEINTRESOURCEW(IDB_COLORS)), nullptr);
-}
-
-// Shared ones are the system's: asked for again they are the same, and nobody gives them back.
-TEST_F(ResourcesTest, SharedIconsAndCursorsAreLoadedOnce) {
-    const LPCWSTR name = MAKEINTRESOURCEW(IDI_SIZES);
-    const HICON icon = LoadIconW(module_, name);
+// Of an icon's pictures the one in the system's size is taken. Icons and cursors are the system's:
+// asked for again they are the same, and nobody gives them back.
+TEST_F(ResourcesTest, IconsAndCursorsAreLoadedOnce) {
+    const HICON icon = LoadIconW(module_, MAKEINTRESOURCEW(IDI_SIZES));
     ASSERT_NE(icon, nullptr);
-    EXPECT_EQ(LoadIconW(module_, name), icon);
-    EXPECT_EQ(LoadImageW(module_, name, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED), icon);
+    EXPECT_EQ(Drawn(icon, {{1, 1}, {16, 16}, {30, 16}}), "GRG");
+    EXPECT_EQ(LoadIconW(module_, MAKEINTRESOURCEW(IDI_SIZES)), icon);
+    EXPECT_EQ(LoadIconW(module_, MAKEINTRESOURCEW(IDB_COLORS)), nullptr);
     const HCURSOR cursor = LoadCursorW(module_, MAKEINTRESOURCEW(IDC_MARK));
     ASSERT_NE(cursor, nullptr);
     EXPECT_EQ(LoadCursorW(module_, MAKEINTRESOURCEW(IDC_MARK)), cursor);
     EXPECT_EQ(LoadCursorW(nullptr, IDC_ARROW), LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_NE(LoadCursorW(nullptr, IDC_ARROW), LoadCursorW(nullptr, IDC_WAIT));
-    EXPECT_NE(LoadIconW(nullptr, IDI_APPLICATION), nullptr);
     EXPECT_EQ(LoadCursorW(module_, MAKEINTRESOURCEW(IDB_COLORS)), nullptr);
     SetCursor(cursor);
     EXPECT_EQ(SetCursor(nullptr), cursor);

@@ -13,7 +13,11 @@ constexpr DWORD kKnownStyles = SS_TYPEMASK | SS_NOPREFIX | SS_NOTIFY;
 class Static : public Control {
   public:
     explicit Static(HWND window) : Control(window) {}
-    ~Static() override { ReleaseOwn(); }
+    ~Static() override {
+        if (image_ != nullptr && Kind() == SS_BITMAP) {
+            DeleteObject(image_);  // icons are the system's
+        }
+    }
 
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -26,16 +30,14 @@ class Static : public Control {
     bool ShowsImage() const { return Kind() == SS_ICON || Kind() == SS_BITMAP; }
     void CheckKind() const;
     void Load(const CREATESTRUCTW& creation);
-    HANDLE SetImage(HANDLE image);
+    void ShowImage(HANDLE image);
     SIZE ImageSize() const;
-    void ReleaseOwn();
     void Tell(UINT code) const;
     void PaintText(HDC context, const RECT& area) const;
     void PaintImage(HDC context) const;
     void PaintByOwner(HDC context, const RECT& area) const;
 
-    HANDLE image_ = nullptr;
-    bool ownsImage_ = false;  // it was named by the template
+    HANDLE image_ = nullptr;  // that the template names
 };
 
 void Static::CheckKind() const {
@@ -45,26 +47,15 @@ void Static::CheckKind() const {
     }
 }
 
-void Static::ReleaseOwn() {
-    if (ownsImage_ && image_ != nullptr && Kind() == SS_BITMAP) {
-        DeleteObject(image_);
-    } else if (ownsImage_ && image_ != nullptr) {
-        DestroyIcon(static_cast<HICON>(image_));
-    }
-    image_ = nullptr;
-    ownsImage_ = false;
-}
-
 // The template names the picture in the place of a text, by number or by name.
 void Static::Load(const CREATESTRUCTW& creation) {
     if (!ShowsImage() || creation.lpszName == nullptr ||
         (!IS_INTRESOURCE(creation.lpszName) && creation.lpszName[0] == 0)) {
         return;
     }
-    SetImage(Kind() == SS_ICON
-                 ? static_cast<HANDLE>(LoadIconW(creation.hInstance, creation.lpszName))
-                 : static_cast<HANDLE>(LoadBitmapW(creation.hInstance, creation.lpszName)));
-    ownsImage_ = image_ != nullptr;
+    ShowImage(Kind() == SS_ICON
+                  ? static_cast<HANDLE>(LoadIconW(creation.hInstance, creation.lpszName))
+                  : static_cast<HANDLE>(LoadBitmapW(creation.hInstance, creation.lpszName)));
 }
 
 SIZE Static::ImageSize() const {
@@ -76,18 +67,14 @@ SIZE Static::ImageSize() const {
     return {bitmap.bmWidth, bitmap.bmHeight};
 }
 
-// Gives the picture shown before, which is the caller's from now on. The control takes the size of
-// the picture.
-HANDLE Static::SetImage(HANDLE image) {
-    const HANDLE before = std::exchange(image_, image);
-    ownsImage_ = false;
+// The control takes the size of the picture.
+void Static::ShowImage(HANDLE image) {
+    image_ = image;
     if (image != nullptr) {
         const SIZE size = ImageSize();
         SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    Redraw();
-    return before;
 }
 
 void Static::Tell(UINT code) const {
@@ -189,19 +176,10 @@ LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case STM_GETICON:
             return Kind() == SS_ICON ? reinterpret_cast<LRESULT>(image_) : 0;
-        case STM_SETICON:
-            return Kind() != SS_ICON
-                       ? 0
-                       : reinterpret_cast<LRESULT>(SetImage(reinterpret_cast<HANDLE>(wParam)));
         case STM_GETIMAGE:
-        case STM_SETIMAGE: {
-            const DWORD wanted = wParam == IMAGE_BITMAP ? SS_BITMAP : SS_ICON;
-            if (Kind() != wanted) {
-                return 0;
-            }
-            return reinterpret_cast<LRESULT>(
-                message == STM_GETIMAGE ? image_ : SetImage(reinterpret_cast<HANDLE>(lParam)));
-        }
+            return Kind() == (wParam == IMAGE_BITMAP ? SS_BITMAP : SS_ICON)
+                       ? reinterpret_cast<LRESULT>(image_)
+                       : 0;
     }
     return Control::Handle(message, wParam, lParam);
 }

@@ -23,10 +23,8 @@ void DeletePictureContext(HDC context);
 /// when they are damaged.
 HBITMAP BitmapFromDib(const BYTE* bytes, size_t size);
 /// An icon or cursor from the bytes of one of its pictures (an RT_ICON resource; for an RT_CURSOR
-/// what follows its hot spot).
+/// what follows its hot spot). It is the system's and stays for good.
 HICON IconFromDib(const BYTE* bytes, size_t size);
-/// Makes an icon or cursor the system's: not counted, and neither DestroyIcon nor Reset drops it.
-void ShareIcon(HICON icon);
 
 /// The bytes of a resource in any of the added files, or null.
 struct ResourceBytes {

@@ -105,48 +105,23 @@ constexpr const char* kTick[] = {
 constexpr const char* kCross[] = {
     "TT....TT", ".TT..TT.", "..TTTT..", "...TT...", "..TTTT..", ".TT..TT.", "TT....TT",
 };
-constexpr const char* kQuestion[] = {
-    ".TTTT.", "TT..TT", "....TT", "...TT.", "..TT..", "..TT..", "......", "..TT..",
-};
-
-// Every other pixel in the highlight colour: a pressed-in or undecided face.
-void FillHalfTone(HDC context, const RECT& rect) {
-    FillSystem(context, rect, COLOR_BTNFACE);
-    for (int y = rect.top; y < rect.bottom; ++y) {
-        for (int x = rect.left + ((rect.left + y) & 1); x < rect.right; x += 2) {
-            FillSystem(context, {x, y, x + 1, y + 1}, COLOR_BTNHIGHLIGHT);
-        }
-    }
-}
-
 void DrawPush(HDC context, RECT rect, UINT state) {
-    const bool down = (state & (DFCS_PUSHED | DFCS_CHECKED)) != 0;
-    const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0;
+    const bool down = (state & DFCS_PUSHED) != 0;
     DrawEdge(context, &rect, down ? EDGE_SUNKEN : EDGE_RAISED,
-             BF_RECT | BF_SOFT | BF_ADJUST | BF_MIDDLE | flat);
-    if ((state & DFCS_CHECKED) != 0 && (state & DFCS_PUSHED) == 0) {
-        FillHalfTone(context, rect);
-    }
+             BF_RECT | BF_SOFT | BF_ADJUST | BF_MIDDLE);
 }
 
-void DrawCheck(HDC context, const RECT& place, UINT state, bool threeState) {
+void DrawCheck(HDC context, const RECT& place, UINT state) {
     const int size = std::min(place.right - place.left, place.bottom - place.top);
     RECT box = {place.left, place.top, place.left + size, place.top + size};
     OffsetRect(&box, (place.right - place.left - size) / 2, (place.bottom - place.top - size) / 2);
     const bool grey = (state & (DFCS_INACTIVE | DFCS_PUSHED)) != 0;
-    const UINT flat = (state & DFCS_FLAT) != 0 ? BF_FLAT : 0;
-    DrawEdge(context, &box, EDGE_SUNKEN, BF_RECT | BF_ADJUST | flat);
-    const bool undecided = threeState && (state & DFCS_CHECKED) != 0;
-    if (undecided) {
-        FillHalfTone(context, box);
-    } else {
-        FillSystem(context, box, grey ? COLOR_BTNFACE : COLOR_WINDOW);
-    }
+    DrawEdge(context, &box, EDGE_SUNKEN, BF_RECT | BF_ADJUST);
+    FillSystem(context, box, grey ? COLOR_BTNFACE : COLOR_WINDOW);
     if ((state & DFCS_CHECKED) != 0) {
-        const bool faint = undecided || (state & DFCS_INACTIVE) != 0;
         DrawPattern(context, box.left + (box.right - box.left - 7) / 2,
                     box.top + (box.bottom - box.top - 7) / 2, kTick, kNoColor,
-                    faint ? COLOR_BTNSHADOW : COLOR_WINDOWTEXT);
+                    (state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_WINDOWTEXT);
     }
 }
 
@@ -203,23 +178,10 @@ void DrawScroll(HDC context, RECT rect, UINT state) {
               (state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_BTNTEXT);
 }
 
-void DrawCaptionButton(HDC context, RECT rect, UINT state) {
-    const UINT kind = state & 0xF;
-    if (kind != DFCS_CAPTIONCLOSE && kind != DFCS_CAPTIONHELP) {
-        host::Unsupported("DrawFrameControl of caption part %u", kind);
-    }
-    DrawPush(context, rect, state);
-    if ((state & DFCS_PUSHED) != 0) {
-        OffsetRect(&rect, 1, 1);
-    }
-    const int color = (state & DFCS_INACTIVE) != 0 ? COLOR_BTNSHADOW : COLOR_BTNTEXT;
-    const int centerX = (rect.left + rect.right) / 2;
-    const int centerY = (rect.top + rect.bottom) / 2;
-    if (kind == DFCS_CAPTIONCLOSE) {
-        DrawPattern(context, centerX - 4, centerY - 4, kCross, kNoColor, color);
-    } else {
-        DrawPattern(context, centerX - 3, centerY - 4, kQuestion, kNoColor, color);
-    }
+void DrawCloseButton(HDC context, const RECT& rect) {
+    DrawPush(context, rect, 0);
+    DrawPattern(context, (rect.left + rect.right) / 2 - 4, (rect.top + rect.bottom) / 2 - 4, kCross,
+                kNoColor, COLOR_BTNTEXT);
 }
 
 }  // namespace
@@ -258,14 +220,14 @@ BOOL WINAPI DrawFrameControl(HDC context, LPRECT rect, UINT type, UINT state) {
     const UINT button = state & 0x1F;
     if (type == DFC_SCROLL) {
         DrawScroll(context, *rect, state);
-    } else if (type == DFC_CAPTION) {
-        DrawCaptionButton(context, *rect, state);
+    } else if (type == DFC_CAPTION && state == DFCS_CAPTIONCLOSE) {
+        DrawCloseButton(context, *rect);
     } else if (type == DFC_BUTTON && button == DFCS_BUTTONPUSH) {
         DrawPush(context, *rect, state);
     } else if (type == DFC_BUTTON && button == DFCS_BUTTONRADIO) {
         DrawRadio(context, *rect, state);
-    } else if (type == DFC_BUTTON && (button == DFCS_BUTTONCHECK || button == DFCS_BUTTON3STATE)) {
-        DrawCheck(context, *rect, state, button == DFCS_BUTTON3STATE);
+    } else if (type == DFC_BUTTON && button == DFCS_BUTTONCHECK) {
+        DrawCheck(context, *rect, state);
     } else {
         host::Unsupported("DrawFrameControl(%u, %#x)", type, state);
     }

@@ -2,7 +2,6 @@
 #include "state.h"
 
 #include <cstring>
-#include <set>
 
 namespace host {
 namespace {
@@ -12,7 +11,6 @@ struct Icon {
     std::vector<bool> inverts;  // where the picture is combined with what is there by XOR
 };
 HandleTable<Icon, HICON> icons(0x3000000);
-std::set<HICON> owned;  // by the program; the others were shared
 
 bool HasAlpha(const Picture& picture) {
     return std::any_of(picture.pixels.begin(), picture.pixels.end(),
@@ -86,67 +84,26 @@ Pixel Over(Pixel target, const Icon& icon, size_t at) {
 
 HICON IconFromDib(const BYTE* bytes, size_t size) {
     std::optional<Icon> icon = ReadIcon(bytes, size);
-    if (!icon || FailsNow(Call::kDrawing)) {
-        return nullptr;
-    }
-    const HICON handle = icons.Add(std::move(*icon));
-    owned.insert(handle);
-    return handle;
-}
-
-void ShareIcon(HICON icon) {
-    owned.erase(icon);
+    return icon ? icons.Add(std::move(*icon)) : nullptr;
 }
 
 }  // namespace host
 
-BOOL WINAPI DrawIconEx(HDC handle, int x, int y, HICON handleOfIcon, int width, int height,
-                       UINT step, HBRUSH background, UINT flags) {
-    if (flags != DI_NORMAL || step != 0 || background != nullptr) {
-        host::Unsupported("DrawIconEx with step %u, flags %#x or a background", step, flags);
-    }
+BOOL WINAPI DrawIcon(HDC handle, int x, int y, HICON handleOfIcon) {
     const host::Context* context = host::FindContext(handle);
     const host::Icon* icon = host::icons.Find(handleOfIcon);
     if (context == nullptr || icon == nullptr) {
         return FALSE;
     }
-    const int fullWidth = icon->picture.width;
-    const int fullHeight = icon->picture.height;
-    const int shownWidth = width == 0 ? fullWidth : width;
-    const int shownHeight = height == 0 ? fullHeight : height;
+    const int width = GetSystemMetrics(SM_CXICON);
+    const int height = GetSystemMetrics(SM_CYICON);
+    const host::Picture& picture = icon->picture;
     const host::Canvas canvas(*context);
-    const RECT place = canvas.At(RECT{x, y, x + shownWidth, y + shownHeight});
+    const RECT place = canvas.At(RECT{x, y, x + width, y + height});
     canvas.Each(place, [&](int atX, int atY, host::Pixel target) {
-        const int fromX = (atX - place.left) * fullWidth / shownWidth;
-        const int fromY = (atY - place.top) * fullHeight / shownHeight;
-        return host::Over(target, *icon, static_cast<size_t>(fromY * fullWidth + fromX));
+        const int fromX = (atX - place.left) * picture.width / width;
+        const int fromY = (atY - place.top) * picture.height / height;
+        return host::Over(target, *icon, static_cast<size_t>(fromY * picture.width + fromX));
     });
     return TRUE;
 }
-
-BOOL WINAPI DrawIcon(HDC context, int x, int y, HICON icon) {
-    return DrawIconEx(context, x, y, icon, GetSystemMetrics(SM_CXICON), GetSystemMetrics(SM_CYICON),
-                      0, nullptr, DI_NORMAL);
-}
-
-BOOL WINAPI DestroyIcon(HICON icon) {
-    if (host::owned.erase(icon) != 0) {
-        return host::icons.Remove(icon);
-    }
-    return host::icons.Find(icon) != nullptr ? TRUE : host::Fail(ERROR_INVALID_HANDLE);
-}
-
-namespace host {
-
-void DropIcons() {
-    for (HICON icon : owned) {
-        icons.Remove(icon);
-    }
-    owned.clear();
-}
-
-unsigned HeldIcons() {
-    return static_cast<unsigned>(owned.size());
-}
-
-}  // namespace host

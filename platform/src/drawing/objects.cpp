@@ -122,12 +122,11 @@ int Describe(Bitmap& bitmap, BITMAP* description) {
 
 void ResetDrawing() {
     DropContexts();
-    DropIcons();
     objects.Clear();
 }
 
 unsigned HeldDrawingObjects() {
-    return objects.Count() + HeldIcons();
+    return objects.Count();
 }
 
 }  // namespace host

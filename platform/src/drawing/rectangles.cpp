@@ -29,10 +29,6 @@ BOOL WINAPI UnionRect(LPRECT result, const RECT* a, const RECT* b) {
     return !host::IsEmpty(*result);
 }
 
-BOOL WINAPI IsRectEmpty(const RECT* rect) {
-    return host::IsEmpty(*rect);
-}
-
 BOOL WINAPI EqualRect(const RECT* a, const RECT* b) {
     return a->left == b->left && a->top == b->top && a->right == b->right && a->bottom == b->bottom;
 }

@@ -89,8 +89,6 @@ bool IsContext(HGDIOBJ handle);
 void DropContexts();
 /// Aborts what a context that goes away was printing.
 void DropDocument(HDC handle);
-void DropIcons();
-unsigned HeldIcons();
 /// Removes what was deleted while it was selected, unless it still is.
 void SweepObject(HGDIOBJ object);
 

@@ -58,15 +58,9 @@ DWORD WINAPI GetSysColor(int index) {
 
 int WINAPI GetSystemMetrics(int index) {
     static const std::map<int, int> metrics = {
-        {SM_CXSCREEN, 1280},  {SM_CYSCREEN, 1024},  {SM_CXVSCROLL, 17},   {SM_CYHSCROLL, 17},
-        {SM_CYCAPTION, 19},   {SM_CXBORDER, 1},     {SM_CYBORDER, 1},     {SM_CXFIXEDFRAME, 3},
-        {SM_CYFIXEDFRAME, 3}, {SM_CYVTHUMB, 17},    {SM_CXHTHUMB, 17},    {SM_CXICON, 32},
-        {SM_CYICON, 32},      {SM_CXCURSOR, 32},    {SM_CYCURSOR, 32},    {SM_CYMENU, 19},
-        {SM_CYVSCROLL, 17},   {SM_CXHSCROLL, 17},   {SM_CXMIN, 116},      {SM_CYMIN, 27},
-        {SM_CXSIZE, 18},      {SM_CYSIZE, 18},      {SM_CXFRAME, 4},      {SM_CYFRAME, 4},
-        {SM_CXDOUBLECLK, 4},  {SM_CYDOUBLECLK, 4},  {SM_CXEDGE, 2},       {SM_CYEDGE, 2},
-        {SM_CXSMICON, 16},    {SM_CYSMICON, 16},    {SM_CYSMCAPTION, 16}, {SM_CXDRAG, 4},
-        {SM_CYDRAG, 4},       {SM_CXMENUCHECK, 13}, {SM_CYMENUCHECK, 13},
+        {SM_CXSCREEN, 1280}, {SM_CYSCREEN, 1024}, {SM_CXVSCROLL, 17}, {SM_CYCAPTION, 19},
+        {SM_CYVTHUMB, 17},   {SM_CXHTHUMB, 17},   {SM_CXICON, 32},    {SM_CYICON, 32},
+        {SM_CYMENU, 19},     {SM_CYVSCROLL, 17},  {SM_CXHSCROLL, 17}, {SM_CXEDGE, 2},
     };
     const auto it = metrics.find(index);
     if (it == metrics.end()) {
