@@ -23,8 +23,6 @@ void Reset();
 
 /// The folder on disk that plays "C:\"; a temporary one, removed at exit and by Reset.
 std::filesystem::path DriveFolder();
-/// The folder on disk that plays GetSystemDirectoryW's "C:\Windows\system32".
-std::filesystem::path SystemFolder();
 /// The file on disk that a path of the platform names: backslashes and either case are accepted;
 /// a drive letter other than C and a path without a drive stop the program.
 std::filesystem::path DiskPath(LPCWSTR path);
@@ -166,7 +164,7 @@ struct Holdings {
     unsigned windows;
     unsigned menus;
     unsigned contexts;        ///< device contexts, those of GetDC and BeginPaint among them
-    unsigned drawingObjects;  ///< bitmaps, brushes, pens, fonts, icons; not those of the system
+    unsigned drawingObjects;  ///< bitmaps, brushes, pens, fonts; not those of the system
     unsigned sheetPages;      ///< pages created and not given to a sheet, which then owns them
     bool operator==(const Holdings&) const = default;
 };

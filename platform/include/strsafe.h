@@ -8,8 +8,6 @@
 #define STRSAFE_E_INVALID_PARAMETER ((HRESULT)0x80070057u)
 
 HRESULT StringCchCopyW(LPWSTR out, size_t length, LPCWSTR text);
-HRESULT StringCchCatW(LPWSTR out, size_t length, LPCWSTR text);
-HRESULT StringCchLengthW(LPCWSTR text, size_t maximum, size_t* length);
 
 /// Knows %s %ls %S %hs %d %i %u %x %X %c and %%, with width and zero padding; stops the program at
 /// any other conversion.

@@ -91,7 +91,6 @@ HGLOBAL WINAPI LoadResource(HMODULE module, HRSRC resource);
 LPVOID WINAPI LockResource(HGLOBAL resource);
 DWORD WINAPI SizeofResource(HMODULE module, HRSRC resource);
 DWORD WINAPI GetCurrentThreadId(void);
-DWORD WINAPI GetTickCount(void);
 int WINAPI MulDiv(int number, int numerator, int denominator);
 
 HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
@@ -101,8 +100,6 @@ BOOL WINAPI WriteFile(HANDLE file, LPCVOID data, DWORD size, LPDWORD written,
                       OVERLAPPED* overlapped);
 DWORD WINAPI GetFileSize(HANDLE file, LPDWORD high);
 BOOL WINAPI CloseHandle(HANDLE handle);
-BOOL WINAPI DeleteFileW(LPCWSTR path);
-BOOL WINAPI CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security);
 DWORD WINAPI GetFileAttributesW(LPCWSTR path);
 HANDLE WINAPI FindFirstFileW(LPCWSTR pattern, LPWIN32_FIND_DATAW found);
 BOOL WINAPI FindNextFileW(HANDLE search, LPWIN32_FIND_DATAW found);

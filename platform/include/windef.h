@@ -45,7 +45,6 @@ using PLONG = LONG*;
 using LPDWORD = DWORD*;
 using PULONG = ULONG*;
 using LPBOOL = BOOL*;
-using LPINT = int*;
 using PVOID = void*;
 using LPVOID = void*;
 using LPCVOID = const void*;

@@ -39,4 +39,3 @@
 
 using HRESULT = LONG;
 #define S_OK ((HRESULT)0)
-#define FAILED(hr) ((HRESULT)(hr) < 0)

@@ -103,15 +103,6 @@ struct COPYDATASTRUCT {
     PVOID lpData;
 };
 
-struct HELPINFO {
-    UINT cbSize;
-    int iContextType;
-    int iCtrlId;
-    HANDLE hItemHandle;
-    DWORD_PTR dwContextId;
-    POINT MousePos;
-};
-
 struct DRAWITEMSTRUCT {
     UINT CtlType;
     UINT CtlID;
@@ -290,7 +281,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define HTVSCROLL 7
 #define HTBORDER 18
 #define MA_ACTIVATE 1
-#define PW_CLIENTONLY 1
 
 // What GetWindowLongPtrW and its like address.
 #define GWLP_WNDPROC (-4)
@@ -304,15 +294,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define DWLP_DLGPROC 8
 #define DWLP_USER 0x10
 #define DLGWINDOWEXTRA 0x1E
-#define GW_HWNDFIRST 0
-#define GW_HWNDLAST 1
 #define GW_HWNDNEXT 2
 #define GW_HWNDPREV 3
 #define GW_OWNER 4
 #define GW_CHILD 5
-#define GA_PARENT 1
 #define GA_ROOT 2
-#define GA_ROOTOWNER 3
 
 // Showing, moving and redrawing.
 #define SW_HIDE 0
@@ -329,13 +315,10 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SWP_SHOWWINDOW 0x40
 #define SWP_HIDEWINDOW 0x80
 #define RDW_INVALIDATE 1
-#define RDW_INTERNALPAINT 2
 #define RDW_ERASE 4
-#define RDW_VALIDATE 8
 #define RDW_NOCHILDREN 0x40
 #define RDW_ALLCHILDREN 0x80
 #define RDW_UPDATENOW 0x100
-#define RDW_ERASENOW 0x200
 #define RDW_FRAME 0x400
 #define PM_REMOVE 1
 
@@ -410,7 +393,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define BM_GETCHECK 0xF0
 #define BM_SETCHECK 0xF1
 #define BM_GETSTATE 0xF2
-#define BM_SETSTATE 0xF3
 #define BM_SETSTYLE 0xF4
 #define BM_CLICK 0xF5
 #define BM_SETDONTCLICK 0xF8
@@ -447,15 +429,9 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define CB_GETLBTEXTLEN 0x149
 #define CB_INSERTSTRING 0x14A
 #define CB_RESETCONTENT 0x14B
-#define CB_FINDSTRING 0x14C
 #define CB_SETCURSEL 0x14E
-#define CB_SHOWDROPDOWN 0x14F
 #define CB_GETITEMDATA 0x150
 #define CB_SETITEMDATA 0x151
-#define CB_SETITEMHEIGHT 0x153
-#define CB_GETITEMHEIGHT 0x154
-#define CB_GETDROPPEDSTATE 0x157
-#define CB_FINDSTRINGEXACT 0x158
 #define CB_ERR (-1)
 #define CBN_SELCHANGE 1
 #define CBN_SETFOCUS 3
@@ -480,14 +456,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define LB_GETTEXTLEN 0x18A
 #define LB_GETCOUNT 0x18B
 #define LB_GETTOPINDEX 0x18E
-#define LB_FINDSTRING 0x18F
 #define LB_SETTOPINDEX 0x197
-#define LB_GETITEMRECT 0x198
 #define LB_GETITEMDATA 0x199
 #define LB_SETITEMDATA 0x19A
 #define LB_SETITEMHEIGHT 0x1A0
 #define LB_GETITEMHEIGHT 0x1A1
-#define LB_FINDSTRINGEXACT 0x1A2
 #define LB_ERR (-1)
 #define LBN_SELCHANGE 1
 #define LBN_DBLCLK 2
@@ -509,18 +482,11 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define SB_TOP 6
 #define SB_BOTTOM 7
 #define SB_ENDSCROLL 8
-#define SBM_SETPOS 0xE0
-#define SBM_GETPOS 0xE1
-#define SBM_SETRANGE 0xE2
-#define SBM_GETRANGE 0xE3
-#define SBM_SETRANGEREDRAW 0xE6
-#define SBM_ENABLE_ARROWS 0xE4
 #define SBM_SETSCROLLINFO 0xE9
 #define SBM_GETSCROLLINFO 0xEA
 #define SIF_RANGE 1
 #define SIF_PAGE 2
 #define SIF_POS 4
-#define SIF_DISABLENOSCROLL 8
 #define SIF_TRACKPOS 0x10
 #define SIF_ALL 0x17
 
@@ -686,13 +652,10 @@ HWND WINAPI GetCapture();
 HWND WINAPI GetParent(HWND window);
 HWND WINAPI GetAncestor(HWND window, UINT which);
 HWND WINAPI GetWindow(HWND window, UINT which);
-HWND WINAPI GetLastActivePopup(HWND window);
 BOOL WINAPI IsChild(HWND parent, HWND window);
 BOOL WINAPI EnumChildWindows(HWND parent, WNDENUMPROC procedure, LPARAM parameter);
 BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC procedure, LPARAM parameter);
 HWND WINAPI FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR text);
-HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR text);
-HWND WINAPI GetDesktopWindow();
 BOOL WINAPI MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 BOOL WINAPI SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
 BOOL WINAPI GetWindowRect(HWND window, LPRECT rect);
@@ -701,7 +664,6 @@ BOOL WINAPI ClientToScreen(HWND window, LPPOINT point);
 BOOL WINAPI ScreenToClient(HWND window, LPPOINT point);
 int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD extendedStyle);
-HWND WINAPI ChildWindowFromPoint(HWND parent, POINT point);
 
 // Messages.
 LRESULT WINAPI DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -720,7 +682,6 @@ BOOL WINAPI KillTimer(HWND window, UINT_PTR timer);
 
 // Painting.
 BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase);
-BOOL WINAPI ValidateRect(HWND window, const RECT* rect);
 BOOL WINAPI UpdateWindow(HWND window);
 BOOL WINAPI RedrawWindow(HWND window, const RECT* rect, HRGN region, UINT flags);
 BOOL WINAPI GetUpdateRect(HWND window, LPRECT rect, BOOL erase);
@@ -729,7 +690,6 @@ BOOL WINAPI EndPaint(HWND window, const PAINTSTRUCT* paint);
 HDC WINAPI GetDC(HWND window);
 HDC WINAPI GetWindowDC(HWND window);
 int WINAPI ReleaseDC(HWND window, HDC context);
-BOOL WINAPI PrintWindow(HWND window, HDC context, UINT flags);
 int WINAPI FillRect(HDC context, const RECT* rect, HBRUSH brush);
 int WINAPI FrameRect(HDC context, const RECT* rect, HBRUSH brush);
 BOOL WINAPI DrawFocusRect(HDC context, const RECT* rect);
@@ -766,7 +726,6 @@ int WINAPI GetDlgCtrlID(HWND window);
 BOOL WINAPI SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
 UINT WINAPI GetDlgItemTextW(HWND dialog, int id, LPWSTR text, int length);
 BOOL WINAPI SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
-UINT WINAPI GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
 LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
 BOOL WINAPI CheckDlgButton(HWND dialog, int id, UINT state);
 UINT WINAPI IsDlgButtonChecked(HWND dialog, int id);
@@ -774,7 +733,6 @@ BOOL WINAPI CheckRadioButton(HWND dialog, int first, int last, int checked);
 HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
 HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
 BOOL WINAPI MapDialogRect(HWND dialog, LPRECT rect);
-LONG WINAPI GetDialogBaseUnits();
 int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type);
 BOOL WINAPI MessageBeep(UINT type);
 
@@ -784,7 +742,6 @@ BOOL WINAPI GetScrollInfo(HWND window, int bar, SCROLLINFO* info);
 int WINAPI SetScrollPos(HWND window, int bar, int position, BOOL redraw);
 int WINAPI GetScrollPos(HWND window, int bar);
 BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw);
-BOOL WINAPI GetScrollRange(HWND window, int bar, LPINT minimum, LPINT maximum);
 
 // Pictures from resources and files.
 HBITMAP WINAPI LoadBitmapW(HINSTANCE module, LPCWSTR name);

@@ -377,47 +377,6 @@ BOOL WINAPI CloseHandle(HANDLE handle) {
     return files.Remove(handle) ? TRUE : host::Fail(ERROR_INVALID_HANDLE);
 }
 
-BOOL WINAPI DeleteFileW(LPCWSTR path) {
-    if (host::FailsNow(host::Call::kFile)) {
-        return FALSE;
-    }
-    const std::optional<fs::path> place = PlaceOf(path);
-    if (!place) {
-        return FALSE;
-    }
-    const DWORD attributes = AttributesOf(*place);
-    if (attributes == INVALID_FILE_ATTRIBUTES) {
-        return host::Fail(MissingError(*place));
-    }
-    if (attributes == FILE_ATTRIBUTE_DIRECTORY || IsReadOnly(attributes)) {
-        return host::Fail(ERROR_ACCESS_DENIED);
-    }
-    if (OpenFile::IsOpen(*place)) {
-        return host::Fail(ERROR_SHARING_VIOLATION);
-    }
-    return fs::remove(*place);
-}
-
-BOOL WINAPI CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security) {
-    if (security != nullptr) {
-        host::Unsupported("CreateDirectoryW with security attributes");
-    }
-    if (host::FailsNow(host::Call::kFile)) {
-        return FALSE;
-    }
-    const std::optional<fs::path> place = PlaceOf(path);
-    if (!place) {
-        return FALSE;
-    }
-    if (AttributesOf(*place) != INVALID_FILE_ATTRIBUTES) {
-        return host::Fail(ERROR_ALREADY_EXISTS);
-    }
-    if (!IsFolder(place->parent_path())) {
-        return host::Fail(ERROR_PATH_NOT_FOUND);
-    }
-    return fs::create_directory(*place);
-}
-
 DWORD WINAPI GetFileAttributesW(LPCWSTR path) {
     if (host::FailsNow(host::Call::kFile)) {
         return INVALID_FILE_ATTRIBUTES;
@@ -498,10 +457,6 @@ fs::path DriveFolder() {
         drive = std::make_unique<Drive>();
     }
     return drive->folder();
-}
-
-fs::path SystemFolder() {
-    return DiskPath(kSystemDirectory);
 }
 
 fs::path DiskPath(LPCWSTR path) {

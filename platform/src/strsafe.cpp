@@ -123,23 +123,6 @@ HRESULT StringCchCopyW(LPWSTR out, size_t length, LPCWSTR text) {
     return Place(out, length, text, std::char_traits<WCHAR>::length(text));
 }
 
-HRESULT StringCchCatW(LPWSTR out, size_t length, LPCWSTR text) {
-    size_t used;
-    if (!IsRoom(out, length) || FAILED(StringCchLengthW(out, length, &used))) {
-        return STRSAFE_E_INVALID_PARAMETER;
-    }
-    return StringCchCopyW(out + used, length - used, text);
-}
-
-HRESULT StringCchLengthW(LPCWSTR text, size_t maximum, size_t* length) {
-    const bool checked = text != nullptr && maximum <= STRSAFE_MAX_CCH;
-    const WCHAR* end = checked ? std::char_traits<WCHAR>::find(text, maximum, WCHAR{0}) : nullptr;
-    if (length != nullptr) {
-        *length = end == nullptr ? 0 : static_cast<size_t>(end - text);
-    }
-    return end == nullptr ? STRSAFE_E_INVALID_PARAMETER : S_OK;
-}
-
 HRESULT StringCchPrintfW(LPWSTR out, size_t length, LPCWSTR format, ...) {
     if (!IsRoom(out, length)) {
         return STRSAFE_E_INVALID_PARAMETER;

@@ -53,14 +53,6 @@ TEST_F(TabControlTest, ItemsKeepTheirTextAndParameter) {
     EXPECT_EQ(test::Narrow(item.pszText), "Seco");
     EXPECT_EQ(item.lParam, 'S');
     EXPECT_FALSE(Send(TCM_GETITEMW, 3, reinterpret_cast<LPARAM>(&item)));
-    item.mask = TCIF_PARAM;
-    item.lParam = 7;
-    EXPECT_TRUE(Send(TCM_SETITEMW, 2, reinterpret_cast<LPARAM>(&item)));
-    item.mask = TCIF_TEXT | TCIF_PARAM;
-    EXPECT_TRUE(Send(TCM_GETITEMW, 2, reinterpret_cast<LPARAM>(&item)));
-    EXPECT_EQ(test::Narrow(item.pszText), "Seco");
-    EXPECT_EQ(item.lParam, 7);
-    EXPECT_FALSE(Send(TCM_DELETEITEM, 9));
     EXPECT_EQ(test::Told(), "");
 }
 
@@ -72,10 +64,8 @@ TEST_F(TabControlTest, TheProgramsOwnSelectingTellsNothing) {
         LRESULT result;
         LRESULT selected;
     } steps[] = {
-        {TCM_GETITEMCOUNT, 0, 2, 0},   {TCM_SETCURSEL, 1, 0, 1},
-        {TCM_SETCURSEL, 77, -1, 1},    {TCM_SETCURSEL, -1, 1, -1},
-        {TCM_SETCURSEL, 1, -1, 1},     {TCM_DELETEITEM, 0, TRUE, 0},
-        {TCM_DELETEITEM, 0, TRUE, -1}, {TCM_DELETEALLITEMS, 0, TRUE, -1},
+        {TCM_GETITEMCOUNT, 0, 2, 0}, {TCM_SETCURSEL, 1, 0, 1},  {TCM_SETCURSEL, 77, -1, 1},
+        {TCM_SETCURSEL, -1, 1, -1},  {TCM_SETCURSEL, 1, -1, 1},
     };
     for (const auto& step : steps) {
         EXPECT_EQ(Send(step.message, static_cast<WPARAM>(step.parameter)), step.result);
@@ -106,9 +96,6 @@ TEST_F(TabControlTest, ClicksAndArrowKeysTellBeforeAndAfter) {
         EXPECT_EQ(Send(TCM_GETCURSEL), selected);
         before = selected;
     }
-    Send(TCM_SETCURFOCUS, 2);
-    EXPECT_EQ(test::Told(), changed);
-    EXPECT_EQ(Send(TCM_GETCURSEL), 2);
 }
 
 // A parent that does not let go of the first tab.
@@ -143,12 +130,6 @@ TEST_F(TabControlTest, TabsFollowEachOtherAboveTheDisplayArea) {
     EXPECT_EQ(inside.top, RectOf(0).bottom + 2);
     Send(TCM_ADJUSTRECT, TRUE, reinterpret_cast<LPARAM>(&inside));
     EXPECT_TRUE(EqualRect(&inside, &whole));
-    TCHITTESTINFO test = {{RectOf(1).left + 1, RectOf(1).top + 1}, 0};
-    EXPECT_EQ(Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)), 1);
-    EXPECT_EQ(test.flags, static_cast<UINT>(TCHT_ONITEM));
-    test.pt = {100, 100};
-    EXPECT_EQ(Send(TCM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)), -1);
-    EXPECT_EQ(test.flags, static_cast<UINT>(TCHT_NOWHERE));
 }
 
 // Pages whose titles do not fit a row are spread over several; the rows are filled from side to

@@ -379,9 +379,6 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case BM_GETSTATE:
             return static_cast<LRESULT>(check_ | (pushed_ ? BST_PUSHED : 0u) |
                                         (focused_ ? BST_FOCUS : 0u));
-        case BM_SETSTATE:
-            SetPushed(wParam != 0);
-            return 0;
         case BM_SETDONTCLICK:
             quietFocus_ = wParam != 0;
             return 0;

@@ -27,7 +27,6 @@ constexpr struct {
     {CB_GETCOUNT, LB_GETCOUNT},         {CB_GETCURSEL, LB_GETCURSEL},
     {CB_GETLBTEXT, LB_GETTEXT},         {CB_GETLBTEXTLEN, LB_GETTEXTLEN},
     {CB_INSERTSTRING, LB_INSERTSTRING}, {CB_RESETCONTENT, LB_RESETCONTENT},
-    {CB_FINDSTRING, LB_FINDSTRING},     {CB_FINDSTRINGEXACT, LB_FINDSTRINGEXACT},
     {CB_GETITEMDATA, LB_GETITEMDATA},   {CB_SETITEMDATA, LB_SETITEMDATA},
 };
 
@@ -58,7 +57,6 @@ class ComboBox : public common::Control {
     bool HandleMouse(UINT message, LPARAM lParam);
     LRESULT ToList(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SelectProgrammed(WPARAM index);
-    LRESULT SetItemHeight(int index, int height);
 
     void HearList(WORD code);
     bool KeyDown(WPARAM key, bool alt);
@@ -267,23 +265,8 @@ LRESULT ComboBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             return ToList(row.listMessage, wParam, lParam);
         }
     }
-    const int index = static_cast<int>(wParam);
-    switch (message) {
-        case CB_SETCURSEL:
-            return SelectProgrammed(wParam);
-        case CB_SHOWDROPDOWN:
-            if (wParam != 0 && !isDropped_) {
-                Drop();
-            } else if (wParam == 0 && isDropped_) {
-                Close(false);
-            }
-            return TRUE;
-        case CB_GETDROPPEDSTATE:
-            return isDropped_;
-        case CB_SETITEMHEIGHT:
-            return SetItemHeight(index, static_cast<int>(lParam));
-        case CB_GETITEMHEIGHT:
-            return index == -1 ? itemHeight_ : index < 0 ? CB_ERR : List(LB_GETITEMHEIGHT);
+    if (message == CB_SETCURSEL) {
+        return SelectProgrammed(wParam);
     }
     Unsupported("message %#x to a combo box", message);
 }
@@ -310,18 +293,6 @@ LRESULT ComboBox::SelectProgrammed(WPARAM index) {
     agreed_ = Selected();
     Redraw();
     return result;
-}
-
-LRESULT ComboBox::SetItemHeight(int index, int height) {
-    if (index < -1 || height <= 0 || height > 255) {
-        return CB_ERR;
-    }
-    if (index >= 0) {
-        return List(LB_SETITEMHEIGHT, 0, height);
-    }
-    itemHeight_ = height;
-    Arrange();
-    return height;
 }
 
 bool ComboBox::HandleInput(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -81,7 +81,7 @@ class ListBox : public common::Control {
     void Remove(int index);
     void Clear();
     void TellDeleted(int index) const;
-    int Find(int after, const WideString& text, bool exact) const;
+    int Find(WCHAR character) const;
 
     void Select(int index);
     void ShowItem(int index);
@@ -175,7 +175,7 @@ bool ListBox::Create() {
         Unsupported("list box with a horizontal bar, or owner-drawn outside of a combo box");
     }
     if (Has(WS_VSCROLL)) {
-        bar_.Enable(false);
+        bar_.Enable();
     }
     Measure();
     FitHeight();
@@ -211,14 +211,11 @@ LRESULT ListBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             return itemHeight_;
         case LB_ADDSTRING:
         case LB_INSERTSTRING:
-        case LB_FINDSTRING:
-        case LB_FINDSTRINGEXACT:
             return HandleText(message, wParam, lParam);
         case LB_DELETESTRING:
         case LB_GETTEXT:
         case LB_GETTEXTLEN:
         case LB_SETTOPINDEX:
-        case LB_GETITEMRECT:
         case LB_GETITEMDATA:
         case LB_SETITEMDATA:
             return HandleItem(message, index, lParam);
@@ -242,9 +239,6 @@ LRESULT ListBox::HandleItem(UINT message, int index, LPARAM lParam) {
         case LB_SETTOPINDEX:
             SetTop(index);
             return 0;
-        case LB_GETITEMRECT:
-            *reinterpret_cast<RECT*>(lParam) = ItemRect(index);
-            return TRUE;
         case LB_GETITEMDATA:
             return static_cast<LRESULT>(At(index).data);
         default:  // LB_SETITEMDATA
@@ -260,15 +254,10 @@ LRESULT ListBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam) {
         return LB_ERR;
     }
     const int index = static_cast<int>(wParam);
-    switch (message) {
-        case LB_ADDSTRING:
-            return Insert(Count(), text);
-        case LB_INSERTSTRING:
-            return index < -1 || index > Count() ? LB_ERR
-                                                 : Insert(index == -1 ? Count() : index, text);
-        default:
-            return Find(index, text, message == LB_FINDSTRINGEXACT);
+    if (message == LB_ADDSTRING) {
+        return Insert(Count(), text);
     }
+    return index < -1 || index > Count() ? LB_ERR : Insert(index == -1 ? Count() : index, text);
 }
 
 LRESULT ListBox::GetText(int index, LPWSTR text) const {
@@ -331,17 +320,13 @@ void ListBox::TellDeleted(int index) const {
     SendMessageW(Parent(), WM_DELETEITEM, owner.Id(), reinterpret_cast<LPARAM>(&deleted));
 }
 
-// Searches from behind an item to the end and from the beginning up to it.
-int ListBox::Find(int after, const WideString& text, bool exact) const {
-    const WideString wanted = FoldCase(text);
-    if (wanted.empty()) {
-        return LB_ERR;
-    }
-    const int start = IsItem(after) ? after + 1 : 0;
-    for (int i = 0; i < Count(); ++i) {
-        const int index = (start + i) % Count();
-        const WideString found = FoldCase(At(index).text);
-        if (exact ? found == wanted : found.starts_with(wanted)) {
+// The next item after the selected one that begins with the character; from the end on to the
+// first.
+int ListBox::Find(WCHAR character) const {
+    const WideString wanted = FoldCase(WideString(1, character));
+    for (int i = 1; i <= Count(); ++i) {
+        const int index = (selected_ + i) % Count();
+        if (FoldCase(At(index).text).starts_with(wanted)) {
             return index;
         }
     }
@@ -465,7 +450,7 @@ void ListBox::Character(WCHAR character) {
     if (character <= ' ') {
         return;
     }
-    const int found = Find(selected_, WideString(1, character), false);
+    const int found = Find(character);
     if (found < 0) {
         return;
     }

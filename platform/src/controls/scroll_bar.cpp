@@ -41,7 +41,7 @@ void FillShaft(HDC context, const RECT& rect, HBRUSH brush) {
 bool ScrollNumbers::Set(const SCROLLINFO& info) {
     const bool sized =
         info.cbSize == sizeof(info) || info.cbSize == sizeof(info) - sizeof(info.nTrackPos);
-    if (!sized || (info.fMask & ~UINT{SIF_ALL | SIF_DISABLENOSCROLL}) != 0) {
+    if (!sized || (info.fMask & ~UINT{SIF_ALL}) != 0) {
         return false;
     }
     if ((info.fMask & SIF_RANGE) != 0) {
@@ -273,17 +273,12 @@ FrameBar* FrameBar::Of(HWND window) {
     return static_cast<FrameBar*>(GetPropW(window, kBarProperty));
 }
 
-void FrameBar::Enable(bool staysShown) {
-    isEnabled_ = true;
-    staysShown_ = staysShown;
-}
-
 bool FrameBar::Set(const SCROLLINFO& info, bool redraw) {
     if (!track.numbers.Set(info)) {
         return false;
     }
     if (isEnabled_) {
-        Show(staysShown_ || track.numbers.CanMove());
+        Show(track.numbers.CanMove());
         if (redraw) {
             Draw();
         }
@@ -379,6 +374,9 @@ constexpr struct {
     {VK_PRIOR, SB_PAGEUP}, {VK_NEXT, SB_PAGEDOWN}, {VK_HOME, SB_TOP},       {VK_END, SB_BOTTOM},
 };
 
+constexpr UINT kFirstMessage = 0xE0;  // of a scroll bar's own
+constexpr UINT kLastMessage = 0xEF;
+
 class ScrollBar : public common::Control {
   public:
     explicit ScrollBar(HWND window)
@@ -392,18 +390,15 @@ class ScrollBar : public common::Control {
     void Paint(HDC context) override;
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SetInfo(const SCROLLINFO& info, bool redraw);
-    LRESULT SetRange(int minimum, int maximum, bool redraw);
     void Tell(WORD code, int position) const;
     bool TellKey(WPARAM key, bool down) const;
     void Press(POINT point);
-    bool EnableArrows(UINT disabled);
 
     ScrollTrack track_;
-    UINT disabledArrows_ = 0;
 };
 
 LRESULT ScrollBar::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message >= SBM_SETPOS && message <= 0xEF) {
+    if (message >= kFirstMessage && message <= kLastMessage) {
         return HandleOwn(message, wParam, lParam);
     }
     if (track_.Follow(message, wParam, PointOf(lParam))) {
@@ -436,24 +431,6 @@ LRESULT ScrollBar::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT ScrollBar::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
     ScrollNumbers& numbers = track_.numbers;
     switch (message) {
-        case SBM_SETPOS: {
-            const int previous = numbers.Position();
-            SetInfo({sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, static_cast<int>(wParam), 0},
-                    lParam != 0);
-            return previous;
-        }
-        case SBM_GETPOS:
-            return numbers.Position();
-        case SBM_SETRANGE:
-        case SBM_SETRANGEREDRAW:
-            return SetRange(static_cast<int>(wParam), static_cast<int>(lParam),
-                            message == SBM_SETRANGEREDRAW);
-        case SBM_GETRANGE:
-            *reinterpret_cast<int*>(wParam) = numbers.Minimum();
-            *reinterpret_cast<int*>(lParam) = numbers.Maximum();
-            return TRUE;
-        case SBM_ENABLE_ARROWS:
-            return EnableArrows(static_cast<UINT>(wParam));
         case SBM_SETSCROLLINFO:
             return SetInfo(*reinterpret_cast<const SCROLLINFO*>(lParam), wParam != 0);
         case SBM_GETSCROLLINFO:
@@ -467,33 +444,10 @@ LRESULT ScrollBar::SetInfo(const SCROLLINFO& info, bool redraw) {
     if (!track_.numbers.Set(info)) {
         return 0;
     }
-    if ((info.fMask & SIF_DISABLENOSCROLL) != 0) {
-        EnableArrows(track_.numbers.CanMove() ? 0 : 3);
-    }
     if (redraw) {
         Redraw();
     }
     return track_.numbers.Position();
-}
-
-// Gives the position that the new range has put an end to, or 0.
-LRESULT ScrollBar::SetRange(int minimum, int maximum, bool redraw) {
-    const int previous = track_.numbers.Position();
-    SetInfo({sizeof(SCROLLINFO), SIF_RANGE, minimum, maximum, 0, 0, 0}, redraw);
-    return track_.numbers.Position() != previous ? previous : 0;
-}
-
-// Disables the arrows that are named; both together are the whole control. False when that is so
-// already.
-bool ScrollBar::EnableArrows(UINT disabled) {
-    const bool wasEnabled = IsWindowEnabled(window_);
-    if (disabled == disabledArrows_ && wasEnabled == (disabled != 3)) {
-        return false;
-    }
-    disabledArrows_ = disabled;
-    EnableWindow(window_, disabled != 3);
-    Redraw();
-    return true;
 }
 
 void ScrollBar::Tell(WORD code, int position) const {
@@ -520,10 +474,7 @@ void ScrollBar::Press(POINT point) {
     if (!IsWindow(window)) {
         return;
     }
-    const RECT client = Client();
-    const bool isFirst =
-        (Style() & SBS_VERT) != 0 ? point.y < client.bottom / 2 : point.x < client.right / 2;
-    if (IsWindowEnabled(window_) && (disabledArrows_ & (isFirst ? 1u : 2u)) == 0) {
+    if (IsWindowEnabled(window_)) {
         track_.Press(point);
     }
 }
@@ -588,12 +539,4 @@ int WINAPI GetScrollPos(HWND window, int bar) {
 BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw) {
     host::SetPart(window, bar, {sizeof(SCROLLINFO), SIF_RANGE, minimum, maximum, 0, 0, 0}, redraw);
     return TRUE;
-}
-
-BOOL WINAPI GetScrollRange(HWND window, int bar, LPINT minimum, LPINT maximum) {
-    SCROLLINFO info = {sizeof(info), SIF_RANGE, 0, 0, 0, 0, 0};
-    const BOOL found = GetScrollInfo(window, bar, &info);
-    *minimum = info.nMin;
-    *maximum = info.nMax;
-    return found;
 }

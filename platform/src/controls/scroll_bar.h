@@ -16,13 +16,6 @@ class ScrollNumbers {
     /// Takes over what the mask names. False when the structure is not one.
     bool Set(const SCROLLINFO& info);
     bool Get(SCROLLINFO& info, int trackPosition) const;
-    bool SetPosition(int position) {
-        return Set({sizeof(SCROLLINFO), SIF_POS, 0, 0, 0, position, 0});
-    }
-    bool SetRange(int minimum, int maximum) {
-        return Set({sizeof(SCROLLINFO), SIF_RANGE, minimum, maximum, 0, 0, 0});
-    }
-
     int Minimum() const { return minimum_; }
     int Maximum() const { return maximum_; }
     int Page() const { return page_; }
@@ -58,7 +51,6 @@ class ScrollTrack {
     /// Mouse and timer messages and the loss of the capture while a part is held; false when the
     /// message is not for the bar.
     bool Follow(UINT message, WPARAM wParam, POINT point);
-    bool IsHeld() const { return held_ != Part::kNone; }
     int TrackPosition() const { return held_ == Part::kThumb ? tracked_ : numbers.Position(); }
 
     ScrollNumbers numbers;
@@ -104,7 +96,7 @@ class FrameBar {
     static FrameBar* Of(HWND window);
 
     /// The window's style asks for a bar. Without it nothing is ever shown.
-    void Enable(bool staysShown);
+    void Enable() { isEnabled_ = true; }
     bool Set(const SCROLLINFO& info, bool redraw);
     bool IsEnabled() const { return isEnabled_; }
 
@@ -122,7 +114,6 @@ class FrameBar {
 
     HWND window_;
     bool isEnabled_ = false;
-    bool staysShown_ = false;
     mutable RECT frame_ = {};  // the bar in the window's rectangle
 };
 

@@ -37,7 +37,6 @@ class TabControl : public host::common::Control {
     LRESULT Insert(int at, const TCITEMW& item);
     static void Set(Item& item, const TCITEMW& from);
     static void Get(const Item& item, TCITEMW& to);
-    LRESULT Delete(int at);
     LRESULT SetSelection(int index);
     void Choose(int index);
     void KeyDown(WPARAM key, LPARAM flags);
@@ -96,22 +95,11 @@ LRESULT TabControl::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             return selected_;
         case TCM_SETCURSEL:
             return SetSelection(static_cast<int>(wParam));
-        case TCM_SETCURFOCUS:
-            if (Find(wParam) != nullptr && static_cast<int>(wParam) != selected_) {
-                Choose(static_cast<int>(wParam));
-            }
-            return 0;
         case TCM_GETROWCOUNT:
             return static_cast<LRESULT>(rowOrder_.size());
         case TCM_ADJUSTRECT:
             AdjustRect(wParam != 0, *reinterpret_cast<RECT*>(lParam));
             return 0;
-        case TCM_HITTEST: {
-            auto* test = reinterpret_cast<TCHITTESTINFO*>(lParam);
-            const int index = At(test->pt);
-            test->flags = index < 0 ? TCHT_NOWHERE : TCHT_ONITEM;
-            return index;
-        }
     }
     return HandleItems(message, wParam, lParam);
 }
@@ -121,22 +109,9 @@ LRESULT TabControl::HandleItems(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case TCM_INSERTITEMW:
             return Insert(static_cast<int>(wParam), *reinterpret_cast<const TCITEMW*>(lParam));
-        case TCM_DELETEITEM:
-            return item != nullptr && Delete(static_cast<int>(wParam));
-        case TCM_DELETEALLITEMS:
-            items_.clear();
-            selected_ = -1;
-            Arrange();
-            return TRUE;
         case TCM_GETITEMW:
             if (item != nullptr) {
                 Get(*item, *reinterpret_cast<TCITEMW*>(lParam));
-            }
-            return item != nullptr;
-        case TCM_SETITEMW:
-            if (item != nullptr) {
-                Set(*item, *reinterpret_cast<const TCITEMW*>(lParam));
-                Arrange();
             }
             return item != nullptr;
         case TCM_GETITEMRECT:
@@ -185,17 +160,6 @@ LRESULT TabControl::Insert(int at, const TCITEMW& item) {
     return at;
 }
 
-LRESULT TabControl::Delete(int at) {
-    items_.erase(items_.begin() + at);
-    if (selected_ == at) {
-        selected_ = -1;
-    } else if (selected_ > at) {
-        --selected_;
-    }
-    Arrange();
-    return TRUE;
-}
-
 LRESULT TabControl::SetSelection(int index) {
     if (index < -1 || index >= Count()) {
         return -1;
@@ -206,7 +170,7 @@ LRESULT TabControl::SetSelection(int index) {
     return previous;
 }
 
-// What a click, a key or setting the focused tab does: the program is asked and told.
+// What a click or a key does: the program is asked and told.
 void TabControl::Choose(int index) {
     if (index < 0) {
         return;

@@ -72,7 +72,6 @@ class TrackBar : public host::common::Control {
     int min_ = 0;
     int max_ = 100;
     int position_ = 0;
-    int lineSize_ = 1;
     int pageSize_ = -1;  ///< negative: a fifth of the range
     int tickFrequency_ = 1;
     std::vector<int> ticks_;  ///< but those at the ends
@@ -133,27 +132,11 @@ LRESULT TrackBar::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam) {
             SetRange(static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam)),
                      wParam != 0);
             return 0;
-        case TBM_SETRANGEMIN:
-            SetRange(value, max_, wParam != 0);
-            return 0;
         case TBM_SETPAGESIZE: {
             const int previous = PageSize();
             pageSize_ = value;
             return previous;
         }
-        case TBM_GETPAGESIZE:
-            return PageSize();
-        case TBM_SETLINESIZE:
-            return std::exchange(lineSize_, value);
-        case TBM_GETLINESIZE:
-            return lineSize_;
-        case TBM_SETTIC:
-            if (value < min_ || value > max_) {
-                return FALSE;
-            }
-            ticks_.push_back(value);
-            Redraw();
-            return TRUE;
         case TBM_SETTICFREQ:
             tickFrequency_ = static_cast<int>(wParam);
             SpreadTicks();
@@ -239,8 +222,8 @@ void TrackBar::Step(WORD code) {
         WORD code;
         long long target;
     } kTargets[] = {
-        {TB_LINEUP, static_cast<long long>(position_) - lineSize_},
-        {TB_LINEDOWN, static_cast<long long>(position_) + lineSize_},
+        {TB_LINEUP, static_cast<long long>(position_) - 1},
+        {TB_LINEDOWN, static_cast<long long>(position_) + 1},
         {TB_PAGEUP, static_cast<long long>(position_) - PageSize()},
         {TB_PAGEDOWN, static_cast<long long>(position_) + PageSize()},
         {TB_TOP, min_},

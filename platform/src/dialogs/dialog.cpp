@@ -447,8 +447,3 @@ BOOL WINAPI MapDialogRect(HWND dialog, LPRECT rect) {
     *rect = ToPixels(*rect, state->units);
     return TRUE;
 }
-
-LONG WINAPI GetDialogBaseUnits() {
-    const SIZE units = SystemUnits();
-    return MAKELONG(units.cx, units.cy);
-}

@@ -51,31 +51,6 @@ BOOL WINAPI SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned) {
     return SetDlgItemTextW(dialog, id, text);
 }
 
-// Spaces before the digits and anything after them do not count.
-UINT WINAPI GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned) {
-    WCHAR text[kNumberLength] = {};
-    GetDlgItemTextW(dialog, id, text, kNumberLength);
-    const WCHAR* at = text;
-    while (*at == ' ') {
-        ++at;
-    }
-    const bool negative = isSigned && *at == '-';
-    at += negative ? 1 : 0;
-    const std::int64_t limit = !isSigned  ? UINT32_MAX
-                               : negative ? -std::int64_t{INT32_MIN}
-                                          : INT32_MAX;
-    bool good = *at >= '0' && *at <= '9';
-    std::int64_t value = 0;
-    for (; good && *at >= '0' && *at <= '9'; ++at) {
-        value = value * 10 + (*at - '0');
-        good = value <= limit;
-    }
-    if (translated != nullptr) {
-        *translated = good;
-    }
-    return good ? static_cast<UINT>(negative ? -value : value) : 0;
-}
-
 LRESULT WINAPI SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam,
                                    LPARAM lParam) {
     HWND control = GetDlgItem(dialog, id);

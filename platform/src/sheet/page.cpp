@@ -9,8 +9,7 @@ namespace {
 
 std::set<HPROPSHEETPAGE> pages;  // that belong to no sheet yet
 
-constexpr DWORD kKnownFlags =
-    PSP_DLGINDIRECT | PSP_USEHICON | PSP_USEICONID | PSP_USETITLE | PSP_HASHELP | PSP_USECALLBACK;
+constexpr DWORD kKnownFlags = PSP_DLGINDIRECT | PSP_USEICONID | PSP_USETITLE | PSP_HASHELP;
 // The page record's first version ends here.
 constexpr DWORD kLeastSize = offsetof(PROPSHEETPAGEW, pszHeaderTitle);
 
@@ -90,7 +89,7 @@ void Put(std::vector<WORD>& words, size_t at, DWORD number) {
 }
 
 void CheckKnown(const PROPSHEETPAGEW& page) {
-    const bool icon = (page.dwFlags & (PSP_USEHICON | PSP_USEICONID)) != 0 && page.hIcon != nullptr;
+    const bool icon = (page.dwFlags & PSP_USEICONID) != 0 && page.pszIcon != nullptr;
     const bool numberedTitle = (page.dwFlags & PSP_USETITLE) != 0 &&
                                IS_INTRESOURCE(page.pszTitle) && page.pszTitle != nullptr;
     if ((page.dwFlags & ~kKnownFlags) != 0 || page.dwSize > sizeof(page) || icon || numberedTitle) {
@@ -101,12 +100,6 @@ void CheckKnown(const PROPSHEETPAGEW& page) {
 }
 
 }  // namespace
-
-UINT _PSP::CallBack(UINT message) {
-    return Has(PSP_USECALLBACK) && page.pfnCallback != nullptr
-               ? page.pfnCallback(nullptr, message, &page)
-               : 1;
-}
 
 namespace host {
 
@@ -127,7 +120,6 @@ HPROPSHEETPAGE NewSheetPage(const PROPSHEETPAGEW& from) {
         made->templateName = page.pszTemplate;
         page.pszTemplate = made->templateName.c_str();
     }
-    made->CallBack(PSPCB_ADDREF);
     pages.insert(made.get());
     return made.release();
 }
@@ -138,7 +130,6 @@ bool TakeSheetPage(HPROPSHEETPAGE page) {
 
 void DeleteSheetPage(HPROPSHEETPAGE page) {
     pages.erase(page);
-    page->CallBack(PSPCB_RELEASE);
     delete page;
 }
 

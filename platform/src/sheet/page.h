@@ -14,19 +14,17 @@ struct _PSP {
     std::vector<WORD> layout;  ///< the template, as a child of the sheet; empty until prepared
     SIZE size = {};            ///< in dialog units
     HWND window = nullptr;     ///< made when first shown
-    bool changed = false;
 
     bool Has(DWORD flag) const { return (page.dwFlags & flag) != 0; }
-    UINT CallBack(UINT message);
 };
 
 namespace host {
 
-/// Copies the caller's page, calling it back for that. Null when the page's size is none.
+/// Copies the caller's page. Null when the page's size is none.
 HPROPSHEETPAGE NewSheetPage(const PROPSHEETPAGEW& from);
 /// Takes a page over for a sheet, which then deletes it. False when there is no such page.
 bool TakeSheetPage(HPROPSHEETPAGE page);
-/// Calls the page back for the last time. Its window is gone by then.
+/// Its window is gone by then.
 void DeleteSheetPage(HPROPSHEETPAGE page);
 /// Reads the page's template. False when there is none.
 bool PrepareSheetPage(_PSP& page);

@@ -15,8 +15,7 @@ constexpr int kApplyNow = 0x3021;
 constexpr int kTabs = 0x3020;
 constexpr int kNoPage = -1;
 constexpr UINT kLastMessage = WM_USER + 0x8F;  // of a sheet's own, from PSM_SETCURSEL on
-constexpr DWORD kKnownFlags = PSH_PROPTITLE | PSH_USEHICON | PSH_USEICONID | PSH_NOAPPLYNOW |
-                              PSH_USECALLBACK | PSH_HASHELP | PSH_NOCONTEXTHELP;
+constexpr DWORD kKnownFlags = PSH_PROPTITLE | PSH_NOAPPLYNOW;
 
 struct Item {
     DWORD style;
@@ -50,9 +49,9 @@ void AddText(std::vector<WORD>& words, const WideString& text) {
     words.push_back(0);
 }
 
-std::vector<WORD> SheetTemplate(bool contextHelp) {
+std::vector<WORD> SheetTemplate() {
     const DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT |
-                        DS_3DLOOK | (contextHelp ? DS_CONTEXTHELP : 0);
+                        DS_3DLOOK | DS_CONTEXTHELP;
     std::vector<WORD> words;
     AddWords(words, {style, HIWORD(style), 0, 0, std::size(kItems), 0, 0, 220, 140, 0, 0});
     AddText(words, {});
@@ -83,7 +82,6 @@ class Sheet {
     void TakePage(HPROPSHEETPAGE page);
     void Initialise();
     void SetTitle();
-    void SetIcon();
     void InsertTab(int index);
 
     SIZE Units(const RECT& units) const;
@@ -106,7 +104,7 @@ class Sheet {
     bool Apply(bool close);
     void Cancel(bool byFrame);
     void Close(INT_PTR result);
-    void SetChanged(HWND page, bool changed);
+    void SetChanged(HWND page);
     void DestroyPages();
 
     bool Answer(UINT message, WPARAM wParam, LRESULT& result);
@@ -170,13 +168,8 @@ INT_PTR Sheet::Run() {
     if (pages_.empty()) {
         return -1;
     }
-    std::vector<WORD> layout = SheetTemplate((header_.dwFlags & PSH_NOCONTEXTHELP) == 0);
+    std::vector<WORD> layout = SheetTemplate();
     auto* dialog = reinterpret_cast<DLGTEMPLATE*>(layout.data());
-    const bool callsBack =
-        (header_.dwFlags & PSH_USECALLBACK) != 0 && header_.pfnCallback != nullptr;
-    if (callsBack) {
-        header_.pfnCallback(nullptr, PSCB_PRECREATE, reinterpret_cast<LPARAM>(dialog));
-    }
     const HWND owner = header_.hwndParent;
     if (CreateDialogIndirectParamW(header_.hInstance, dialog, owner, SheetProcedure,
                                    reinterpret_cast<LPARAM>(this)) == nullptr) {
@@ -214,7 +207,6 @@ INT_PTR Sheet::Run() {
 
 void Sheet::Initialise() {
     SetTitle();
-    SetIcon();
     for (int i = 0; i < Count(); ++i) {
         InsertTab(i);
     }
@@ -222,13 +214,10 @@ void Sheet::Initialise() {
         ShowWindow(Item(kApplyNow), SW_SHOW);
     }
     const auto hasHelp = [](const _PSP* page) { return page->Has(PSP_HASHELP); };
-    if ((header_.dwFlags & PSH_HASHELP) != 0 || IndexWhere(hasHelp) != kNoPage) {
+    if (IndexWhere(hasHelp) != kNoPage) {
         ShowWindow(Item(IDHELP), SW_SHOW);
     }
     Arrange();
-    if ((header_.dwFlags & PSH_USECALLBACK) != 0 && header_.pfnCallback != nullptr) {
-        header_.pfnCallback(window, PSCB_INITIALIZED, 0);
-    }
     const int asked = static_cast<int>(header_.nStartPage);
     const int start = Page(asked) == nullptr ? 0 : asked;
     // A page that cannot be made gives its turn to the others.
@@ -246,18 +235,6 @@ void Sheet::SetTitle() {
         title += TEXT(" Properties");
     }
     SetWindowTextW(window, title.c_str());
-}
-
-void Sheet::SetIcon() {
-    HICON icon = nullptr;
-    if ((header_.dwFlags & PSH_USEHICON) != 0) {
-        icon = header_.hIcon;
-    } else if ((header_.dwFlags & PSH_USEICONID) != 0 && header_.pszIcon != nullptr) {
-        icon = LoadIconW(header_.hInstance, header_.pszIcon);
-    }
-    if (icon != nullptr) {
-        SendMessageW(window, WM_SETICON, 0, reinterpret_cast<LPARAM>(icon));
-    }
 }
 
 void Sheet::InsertTab(int index) {
@@ -351,9 +328,6 @@ bool Sheet::MakePage(int index) {
     _PSP& page = *Page(index);
     if (page.window != nullptr) {
         return true;
-    }
-    if (page.CallBack(PSPCB_CREATE) == 0) {
-        return false;
     }
     page.window = CreateDialogIndirectParamW(
         page.page.hInstance, reinterpret_cast<LPCDLGTEMPLATEW>(page.layout.data()), window,
@@ -481,9 +455,6 @@ bool Sheet::Apply(bool close) {
     if (close || active_ == kNoPage) {
         return true;
     }
-    for (_PSP* page : pages_) {
-        page->changed = false;
-    }
     if (GetFocus() == Item(kApplyNow)) {
         FocusOnPage();
     }
@@ -509,15 +480,10 @@ void Sheet::Close(INT_PTR result) {
     ended_ = true;
 }
 
-void Sheet::SetChanged(HWND page, bool changed) {
-    const int index = IndexOf(page);
-    if (index == kNoPage) {
-        return;
+void Sheet::SetChanged(HWND page) {
+    if (IndexOf(page) != kNoPage) {
+        EnableWindow(Item(kApplyNow), TRUE);
     }
-    Page(index)->changed = changed;
-    const bool any =
-        IndexWhere([](const _PSP* candidate) { return candidate->changed; }) != kNoPage;
-    EnableWindow(Item(kApplyNow), any);
 }
 
 // ---- Messages ---------------------------------------------------------------------------------
@@ -571,8 +537,7 @@ bool Sheet::Answer(UINT message, WPARAM wParam, LRESULT& result) {
     constexpr int kPressed[] = {0, 0, 0, IDOK, kApplyNow, IDCANCEL, IDHELP};
     switch (message) {
         case PSM_CHANGED:
-        case PSM_UNCHANGED:
-            SetChanged(reinterpret_cast<HWND>(wParam), message == PSM_CHANGED);
+            SetChanged(reinterpret_cast<HWND>(wParam));
             return true;
         case PSM_SETCURSEL:
             result = Select(static_cast<int>(wParam));

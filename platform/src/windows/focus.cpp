@@ -79,9 +79,6 @@ void Activate(HWND handle) {
         return;
     }
     Raise(*window);
-    for (Window* at = window.get(); at != nullptr; at = at->owner) {
-        at->lastActivePopup = handle;
-    }
     if (before == nullptr) {
         Send(handle, WM_ACTIVATEAPP, TRUE, 0);
     }

@@ -193,7 +193,7 @@ BOOL WINAPI TranslateMessage(const MSG* message) {
 LRESULT WINAPI DispatchMessageW(const MSG* message) {
     if (message->message == WM_TIMER && message->lParam != 0) {
         reinterpret_cast<TIMERPROC>(message->lParam)(message->hwnd, WM_TIMER, message->wParam,
-                                                     GetTickCount());
+                                                     static_cast<DWORD>(now));
         return 0;
     }
     return message->hwnd == nullptr
@@ -232,8 +232,4 @@ BOOL WINAPI KillTimer(HWND window, UINT_PTR id) {
     return std::erase_if(timers, [&](const Timer& timer) {
                return timer.window == window && timer.id == id;
            }) != 0;
-}
-
-DWORD WINAPI GetTickCount() {
-    return static_cast<DWORD>(now);
 }

@@ -198,23 +198,6 @@ void Invalidate(Window& window, const RECT& rect, UINT flags) {
     }
 }
 
-void Validate(Window& window, const RECT& rect, UINT flags) {
-    host::KeepOutside(window.update, rect);
-    if (window.update.empty()) {
-        window.erase = window.internalPaint = window.paintFrame = false;
-    }
-    if ((flags & RDW_NOCHILDREN) != 0 ||
-        (ClipsChildren(window) && (flags & RDW_ALLCHILDREN) == 0)) {
-        return;
-    }
-    for (Window* child : window.children) {
-        Validate(*child,
-                 Shifted(rect, -child->rect.left - child->client.left,
-                         -child->rect.top - child->client.top),
-                 flags);
-    }
-}
-
 void PaintFrameNow(Window& window) {
     if (window.paintFrame) {
         window.paintFrame = false;
@@ -230,8 +213,8 @@ void EraseWith(Window& window, HDC context) {
     }
 }
 
-// Paints a window and, when told to, what is in it, at once.
-void PaintNow(HWND handle, bool children) {
+// Paints a window and what is in it at once.
+void PaintNow(HWND handle) {
     const WindowPointer window = host::IsLive(handle) ? host::FindWindowObject(handle) : nullptr;
     if (window == nullptr || !host::IsShown(*window)) {
         return;
@@ -240,9 +223,9 @@ void PaintNow(HWND handle, bool children) {
         window->internalPaint = false;
         host::Send(handle, WM_PAINT, 0, 0);
     }
-    if (children && host::IsLive(handle)) {
+    if (host::IsLive(handle)) {
         for (HWND child : host::ChildrenOf(*window)) {
-            PaintNow(child, true);
+            PaintNow(child);
         }
     }
 }
@@ -352,16 +335,9 @@ BOOL WINAPI RedrawWindow(HWND handle, const RECT* rect, HRGN region, UINT flags)
     const RECT part = rect == nullptr ? host::ClientRectOf(*window) : *rect;
     if ((flags & RDW_INVALIDATE) != 0 && host::IsShown(*window)) {
         Invalidate(*window, part, flags);
-    } else if ((flags & RDW_VALIDATE) != 0) {
-        Validate(*window, part, flags);
-    }
-    if ((flags & RDW_INTERNALPAINT) != 0) {
-        window->internalPaint = true;
     }
     if ((flags & RDW_UPDATENOW) != 0) {
-        PaintNow(handle, (flags & RDW_NOCHILDREN) == 0);
-    } else if ((flags & RDW_ERASENOW) != 0) {
-        host::EraseNow(*window);
+        PaintNow(handle);
     }
     return TRUE;
 }
@@ -375,10 +351,6 @@ BOOL WINAPI InvalidateRect(HWND window, const RECT* rect, BOOL erase) {
         return TRUE;
     }
     return RedrawWindow(window, rect, nullptr, RDW_INVALIDATE | (erase ? RDW_ERASE : 0));
-}
-
-BOOL WINAPI ValidateRect(HWND window, const RECT* rect) {
-    return RedrawWindow(window, rect, nullptr, RDW_VALIDATE | RDW_NOCHILDREN);
 }
 
 BOOL WINAPI UpdateWindow(HWND window) {
@@ -446,24 +418,4 @@ HDC WINAPI GetWindowDC(HWND handle) {
 
 int WINAPI ReleaseDC(HWND, HDC context) {
     return Release(context);
-}
-
-BOOL WINAPI PrintWindow(HWND handle, HDC context, UINT flags) {
-    const WindowPointer window = host::FindWindowObject(handle);
-    if (window == nullptr) {
-        return FALSE;
-    }
-    if ((flags & ~UINT{PW_CLIENTONLY}) != 0) {
-        host::Unsupported("PrintWindow with flags %#x", flags);
-    }
-    const bool whole = (flags & PW_CLIENTONLY) == 0;
-    PaintNow(handle, true);
-    const HDC source = whole ? GetWindowDC(handle) : GetDC(handle);
-    if (source == nullptr) {
-        return FALSE;
-    }
-    const RECT rect = whole ? host::ScreenRectOf(*window) : host::ClientRectOf(*window);
-    BitBlt(context, 0, 0, rect.right - rect.left, rect.bottom - rect.top, source, 0, 0, SRCCOPY);
-    Release(source);
-    return TRUE;
 }

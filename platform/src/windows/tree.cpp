@@ -99,10 +99,6 @@ bool IsShown(const Window& window) {
 
 }  // namespace host
 
-HWND WINAPI GetDesktopWindow() {
-    return host::Desktop().handle;
-}
-
 HWND WINAPI GetParent(HWND handle) {
     const WindowPointer window = host::FindWindowObject(handle);
     if (window == nullptr) {
@@ -119,20 +115,10 @@ HWND WINAPI GetAncestor(HWND handle, UINT which) {
     if (window == nullptr || window->parent == nullptr) {
         return nullptr;
     }
-    Window* root = &host::RootOf(*window);
-    switch (which) {
-        case GA_PARENT:
-            return HandleOf(window->parent);
-        case GA_ROOT:
-            return root->handle;
-        case GA_ROOTOWNER:
-            while (root->owner != nullptr) {
-                root = root->owner;
-            }
-            return root->handle;
-        default:
-            host::Unsupported("GetAncestor %u", which);
+    if (which != GA_ROOT) {
+        host::Unsupported("GetAncestor %u", which);
     }
+    return host::RootOf(*window).handle;
 }
 
 HWND WINAPI GetWindow(HWND handle, UINT which) {
@@ -141,10 +127,6 @@ HWND WINAPI GetWindow(HWND handle, UINT which) {
         return nullptr;
     }
     switch (which) {
-        case GW_HWNDFIRST:
-            return window->parent == nullptr ? nullptr : HandleOf(window->parent->children.front());
-        case GW_HWNDLAST:
-            return window->parent == nullptr ? nullptr : HandleOf(window->parent->children.back());
         case GW_HWNDNEXT:
             return Sibling(*window, 1);
         case GW_HWNDPREV:
@@ -156,14 +138,6 @@ HWND WINAPI GetWindow(HWND handle, UINT which) {
         default:
             host::Unsupported("GetWindow %u", which);
     }
-}
-
-HWND WINAPI GetLastActivePopup(HWND handle) {
-    const WindowPointer window = host::FindWindowObject(handle);
-    if (window == nullptr) {
-        return nullptr;
-    }
-    return host::IsLive(window->lastActivePopup) ? window->lastActivePopup : handle;
 }
 
 BOOL WINAPI IsChild(HWND parent, HWND handle) {
@@ -222,25 +196,4 @@ HWND WINAPI FindWindowExW(HWND parent, HWND after, LPCWSTR className, LPCWSTR te
         searching = searching || child == after;
     }
     return nullptr;
-}
-
-HWND WINAPI FindWindowW(LPCWSTR className, LPCWSTR text) {
-    return FindWindowExW(nullptr, nullptr, className, text);
-}
-
-HWND WINAPI ChildWindowFromPoint(HWND parent, POINT point) {
-    const WindowPointer window = host::FindWindowObject(parent);
-    if (window == nullptr) {
-        return nullptr;
-    }
-    const RECT client = host::ClientRectOf(*window);
-    if (!PtInRect(&client, point)) {
-        return nullptr;
-    }
-    for (const Window* child : window->children) {
-        if (PtInRect(&child->rect, point)) {
-            return child->handle;
-        }
-    }
-    return parent;
 }

@@ -39,7 +39,6 @@ struct Window {
     std::vector<BYTE> extra;
     std::map<WideString, HANDLE> properties;
     HICON icons[2] = {};
-    HWND lastActivePopup = nullptr;
     Region update;  // what is to be painted, in client coordinates
     bool erase = false;
     bool paintFrame = false;
