@@ -98,18 +98,12 @@ LONG AskProperties(WideString& name, HANDLE printer, std::vector<BYTE>& buffer) 
                                reinterpret_cast<DEVMODEW*>(buffer.data()), nullptr, DM_OUT_BUFFER);
 }
 
-// What a card printer's record cannot be built without: its information and its printer data.
+// What a card printer's record cannot be built without: its information.
 LONG BareSpoolerCalls(HANDLE printer) {
     DWORD size = 0;
     GetPrinterW(printer, 2, nullptr, 0, &size);
     std::vector<BYTE> info(size);
-    const LONG informed = GetPrinterW(printer, 2, info.data(), size, &size);
-    for (const WCHAR* name : {TEXT("PrinterDataSize"), TEXT("FreeMem"), TEXT("PrinterHT")}) {
-        DWORD value = 0;
-        GetPrinterDataW(printer, const_cast<WCHAR*>(name), nullptr, reinterpret_cast<BYTE*>(&value),
-                        sizeof(value), &size);
-    }
-    return informed;
+    return GetPrinterW(printer, 2, info.data(), size, &size);
 }
 
 struct Measured {

@@ -9,15 +9,11 @@
 
 namespace {
 
-// Both answers look only at what is the same on every model, so the spooler need not be asked which
-// model it is.
-GlobalBlock<DevModeRecord> MergedRecord(const WCHAR* name, const DEVMODEW* record) {
-    auto merged = GlobalBlock<DevModeRecord>::Allocate();
-    if (!merged || !BuildDefaultDevMode(merged.get(), name, nullptr) ||
-        !MergeDevMode(merged.get(), record, nullptr)) {
-        return {};
-    }
-    return merged;
+// Whether the record (or none) can be merged into a default one. What the result would hold is the
+// same in all that is asked about here, on every model, so none is built and the spooler need not
+// be asked which model it is; but there must be memory for one.
+bool CanBeMerged(const DEVMODEW* record) {
+    return IsMergeable(record) && GlobalBlock<DevModeRecord>::Allocate();
 }
 
 // One answer: its value, and the bytes it writes into an output buffer.
@@ -41,12 +37,17 @@ constexpr size_t kFormNameSize = (WideView(kForm.FormName).size() + 1) * sizeof(
 constexpr DWORD kExtent = static_cast<DWORD>(MAKELONG(kForm.Width, kForm.Length));
 
 constexpr Answer kAnswers[] = {
+    {DC_FIELDS, kDefaultFields, nullptr, 0},
     {DC_PAPERS, 1, kPapers, sizeof(kPapers)},
     {DC_PAPERSIZE, 1, kPaperSizes, sizeof(kPaperSizes)},
     {DC_MINEXTENT, kExtent, nullptr, 0},
     {DC_MAXEXTENT, kExtent, nullptr, 0},
     {DC_BINS, 1, kBins, sizeof(kBins)},
     {DC_DUPLEX, 1, nullptr, 0},
+    {DC_SIZE, kPublicSize, nullptr, 0},
+    {DC_EXTRA, kPrivateSize, nullptr, 0},
+    {DC_VERSION, kSpecVersion, nullptr, 0},
+    {DC_DRIVER, kDriverVersion, nullptr, 0},
     {DC_BINNAMES, 1, kBinName, sizeof(kBinName)},
     {DC_ENUMRESOLUTIONS, 1, kResolutions, sizeof(kResolutions)},
     {DC_FILEDEPENDENCIES, 0, kNoFiles, sizeof(kNoFiles)},
@@ -62,7 +63,13 @@ constexpr Answer kAnswers[] = {
 
 constexpr DWORD kNotAnswered = static_cast<DWORD>(-1);
 
-DWORD FixedAnswer(WORD capability, void* output) {
+}  // namespace
+
+DWORD WINAPI DrvDeviceCapabilities(HANDLE, LPWSTR, WORD capability, PVOID output,
+                                   PDEVMODEW record) {
+    if (!CanBeMerged(record)) {
+        return kNotAnswered;
+    }
     for (const Answer& answer : kAnswers) {
         if (answer.Capability == capability) {
             if (output != nullptr && answer.WrittenSize != 0) {
@@ -74,30 +81,6 @@ DWORD FixedAnswer(WORD capability, void* output) {
     return kNotAnswered;
 }
 
-}  // namespace
-
-DWORD WINAPI DrvDeviceCapabilities(HANDLE, LPWSTR deviceName, WORD capability, PVOID output,
-                                   PDEVMODEW record) {
-    const auto merged = MergedRecord(deviceName, record);
-    if (!merged) {
-        return kNotAnswered;
-    }
-    switch (capability) {
-        case DC_FIELDS:
-            return merged->Public.dmFields;
-        case DC_SIZE:
-            return merged->Public.dmSize;
-        case DC_EXTRA:
-            return merged->Public.dmDriverExtra;
-        case DC_VERSION:
-            return merged->Public.dmSpecVersion;
-        case DC_DRIVER:
-            return merged->Public.dmDriverVersion;
-        default:
-            return FixedAnswer(capability, output);
-    }
-}
-
 BOOL WINAPI DevQueryPrintEx(DEVQUERYPRINT_INFO* info) {
-    return info != nullptr && info->pDevMode != nullptr && MergedRecord(nullptr, info->pDevMode);
+    return info != nullptr && info->pDevMode != nullptr && CanBeMerged(info->pDevMode);
 }

@@ -2,6 +2,7 @@
 #include "core/context.h"
 
 #include "core/merge.h"
+#include "core/printer_data.h"
 #include "core/text.h"
 
 #include <algorithm>
@@ -111,21 +112,11 @@ bool LoadPrinter(DriverContext* context, DEVMODEW* record) {
     return true;
 }
 
-bool LoadPrinterData(DriverContext* context) {
-    PrinterDataRecord* copy = &context->PrinterDataCopy;
-    if (!ReadOrBuildPrinterData(context->PrinterHandle, copy)) {
-        return false;
-    }
-    copy->RecordVersion = kPrinterDataVersion;
-    copy->RecordSize = sizeof(*copy);
-    return true;
-}
-
 }  // namespace
 
 DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record) {
     OwnedContext context(NewContext(printer));
-    if (!context || !LoadPrinter(context.get(), record) || !LoadPrinterData(context.get())) {
+    if (!context || !LoadPrinter(context.get(), record) || !CanHavePrinterData(printer)) {
         return nullptr;
     }
     return context.release();

@@ -4,7 +4,6 @@
 
 #include "core/device_mode.h"
 #include "core/driver_ui_contract.h"
-#include "core/printer_data.h"
 
 #include <cstddef>
 #include <memory>
@@ -32,8 +31,7 @@ struct DriverContext {
     HANDLE Heap;
     PFNCOMPROPSHEET ComPropSheet;  ///< callback of the sheet being shown, with its handle
     HANDLE ComPropSheetHandle;
-    WCHAR* ModelName;  ///< the printer's driver name, which is the name of the model
-    PrinterDataRecord PrinterDataCopy;
+    WCHAR* ModelName;                ///< the printer's driver name, which is the name of the model
     DevModeRecord WorkingDevMode;    ///< pages read and change it in place
     HANDLE PageHandles[kPageSlots];  ///< of the sheet; null while a page is not in it
     WCHAR* PrinterName;              ///< null when memory was short
@@ -49,20 +47,19 @@ struct DriverContext {
     HWND PageWindows[kPageSlots];  ///< each while that page is open
     DWORD PagesBeingFilled;        ///< a bit a slot
 
-    BYTE Reserved[20];
+    BYTE Reserved[116];
     DriverContext* SelfCheckTail;
 };
 static_assert(sizeof(DriverContext) == 960);
-static_assert(offsetof(DriverContext, PrinterDataCopy) == 48);
-static_assert(offsetof(DriverContext, WorkingDevMode) == 152);
-static_assert(offsetof(DriverContext, PageHandles) == 736);
+static_assert(offsetof(DriverContext, WorkingDevMode) == 48);
+static_assert(offsetof(DriverContext, PageHandles) == 632);
 static_assert(offsetof(DriverContext, SelfCheckTail) == 952);
 
 /// Builds the context of a printer: its flags, the default record of its model with the printer's
-/// own default record and then `record` (or none) merged in, and its printer data. A `record` whose
-/// dmDriverVersion is 0 is filled in place with the result: it must hold kPublicSize bytes and its
-/// own dmDriverExtra. Null when the printer's information or memory cannot be had or a record is
-/// unusable.
+/// own default record and then `record` (or none) merged in. A `record` whose dmDriverVersion is 0
+/// is filled in place with the result: it must hold kPublicSize bytes and its own dmDriverExtra,
+/// whatever its dmSize. Null when the printer's information, its printer-data record or memory
+/// cannot be had or a record is unusable.
 DriverContext* CreateDriverContext(HANDLE printer, DEVMODEW* record);
 
 /// Destroys the context's heap; null is nothing to do.

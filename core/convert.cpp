@@ -16,7 +16,7 @@ DWORD WholeSize(const DEVMODEW* record) {
 
 // Into whatever layout the output record declares.
 BOOL ConvertToDeclared(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
-    if (output == nullptr || *size < LONG{kSmallestPublicSize} ||
+    if (output == nullptr || *size < LONG{kHeaderSize} ||
         static_cast<DWORD>(*size) < WholeSize(output) || ConvertDevModeCopy(input, output) <= 0) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
@@ -47,7 +47,7 @@ BOOL ConvertTo351(const DEVMODEW* input, DEVMODEW* output, LONG* size) {
     output->dmSpecVersion = 0x0320;
     output->dmDriverVersion = 0x0350;
     output->dmDriverExtra = kPrivateSize351;
-    if (ConvertDevModeCopy(input, output) <= 0) {
+    if (CopyPublicPart(input, output) <= 0) {
         return Fail(ERROR_INVALID_PARAMETER);
     }
     *size = kNeeded;

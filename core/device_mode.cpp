@@ -25,10 +25,7 @@ void SetPublicDefaults(DEVMODEW& mode) {
     mode.dmDriverVersion = kDriverVersion;
     mode.dmSize = kPublicSize;
     mode.dmDriverExtra = kPrivateSize;
-    mode.dmFields = DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_SCALE |
-                    DM_NUP | DM_COPIES | DM_DEFAULTSOURCE | DM_PRINTQUALITY | DM_COLOR | DM_DUPLEX |
-                    DM_YRESOLUTION | DM_TTOPTION | DM_COLLATE | DM_FORMNAME | DM_ICMMETHOD |
-                    DM_ICMINTENT | DM_MEDIATYPE | DM_DITHERTYPE;
+    mode.dmFields = kDefaultFields;
     mode.dmOrientation = kDefaultOrientation;
     mode.dmPaperSize = form.PaperSize;
     mode.dmPaperLength = form.Length;

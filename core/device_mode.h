@@ -17,9 +17,8 @@ constexpr WORD kPublicSize = 220;
 constexpr WORD kPrivateSize = 364;
 constexpr WORD kRecordSize = kPublicSize + kPrivateSize;
 
-/// Bytes of a record up to and including dmFields. A shorter public part does not hold the fields
-/// that say what else it holds, and is refused everywhere.
-constexpr WORD kSmallestPublicSize = offsetof(DEVMODEW, dmFields) + sizeof(DWORD);
+/// Bytes up to and including dmDriverExtra. Every record has them, also one whose dmSize says less.
+constexpr WORD kHeaderSize = offsetof(DEVMODEW, dmFields);
 
 // ---- Values of private fields -----------------------------------------------------------------
 
@@ -224,6 +223,11 @@ struct DevModeRecord {
 
 // ---- Defaults ---------------------------------------------------------------------------------
 
+/// What a record of this driver claims; a merge adds nothing to it.
+constexpr DWORD kDefaultFields =
+    DM_ORIENTATION | DM_PAPERSIZE | DM_PAPERLENGTH | DM_PAPERWIDTH | DM_SCALE | DM_NUP | DM_COPIES |
+    DM_DEFAULTSOURCE | DM_PRINTQUALITY | DM_COLOR | DM_DUPLEX | DM_YRESOLUTION | DM_TTOPTION |
+    DM_COLLATE | DM_FORMNAME | DM_ICMMETHOD | DM_ICMINTENT | DM_MEDIATYPE | DM_DITHERTYPE;
 constexpr SHORT kDefaultOrientation = DMORIENT_LANDSCAPE;
 constexpr SHORT kResolution = 300;  ///< dots per inch, both ways, always
 constexpr SHORT kMaxScale = 1000;   ///< per cent
@@ -249,7 +253,7 @@ static_assert(sizeof(DEVMODEW) == kPublicSize);
 static_assert(sizeof(DevModePrivate) == kPrivateSize);
 static_assert(sizeof(DevModeRecord) == kRecordSize);
 static_assert(offsetof(DevModeRecord, Private) == kPublicSize);
-static_assert(kSmallestPublicSize == 76);
+static_assert(kHeaderSize == 72);
 static_assert(offsetof(DEVMODEW, dmDeviceName) == 0);
 static_assert(offsetof(DEVMODEW, dmSpecVersion) == 64);
 static_assert(offsetof(DEVMODEW, dmDriverVersion) == 66);

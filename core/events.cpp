@@ -1,5 +1,6 @@
 // Two entry points that answer at once: printer events and the colour profile.
 #include "core/driver_ui_contract.h"
+#include "core/merge.h"
 
 #include <cstring>
 
@@ -9,12 +10,9 @@ BOOL WINAPI DrvPrinterEvent(LPWSTR, INT, DWORD, LPARAM) {
 
 BOOL WINAPI DrvQueryColorProfile(HANDLE, PDEVMODEW record, ULONG queryMode, PVOID profile,
                                  PULONG profileSize, ULONG* flags) {
-    if (record == nullptr) {
-        return FALSE;
-    }
     // A record of the first public layouts has no colour management method to ask for.
-    constexpr size_t kMethodEnd = offsetof(DEVMODEW, dmICMMethod) + sizeof(DWORD);
-    if (record->dmSize >= kMethodEnd && record->dmICMMethod == DMICMMETHOD_SYSTEM) {
+    if (record == nullptr ||
+        PublicField(record, offsetof(DEVMODEW, dmICMMethod)) == DMICMMETHOD_SYSTEM) {
         return FALSE;
     }
     if (queryMode != QCP_DEVICEPROFILE && queryMode != QCP_TARGETPROFILE) {

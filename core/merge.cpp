@@ -43,41 +43,71 @@ WORD UsableSpecVersion(const RecordHead& head) {
         case kPublicSize:
             return kSpecVersion;
         default:
-            return head.Size < kSmallestPublicSize ? 0 : head.SpecVersion;
+            return head.SpecVersion;
     }
+}
+
+// Its private part goes into a record with a private part of `extra` bytes.
+bool GivesPrivatePart(const RecordHead& head, WORD extra) {
+    return head.DriverVersion == kDriverVersion && head.SpecVersion == kSpecVersion &&
+           head.Extra == extra;
 }
 
 }  // namespace
 
-int ConvertDevModeCopy(const DEVMODEW* source, DEVMODEW* destination) {
+DWORD PublicField(const DEVMODEW* record, size_t offset) {
+    const size_t size = HeadOf(record).Size;
+    DWORD value = 0;
+    if (size > offset) {
+        std::memcpy(&value, reinterpret_cast<const BYTE*>(record) + offset,
+                    std::min(size - offset, sizeof(value)));
+    }
+    return value;
+}
+
+int CopyPublicPart(const DEVMODEW* source, DEVMODEW* destination) {
     if (source == nullptr || destination == nullptr) {
         return -1;
     }
     const RecordHead from = HeadOf(source);
     RecordHead to = HeadOf(destination);
     to.SpecVersion = UsableSpecVersion(to);
-    if (UsableSpecVersion(from) == 0 || to.SpecVersion == 0) {
+    if (UsableSpecVersion(from) == 0 || to.SpecVersion == 0 || to.Size < kHeaderSize) {
         return -1;
     }
-
-    const auto* in = reinterpret_cast<const BYTE*>(source);
-    auto* out = reinterpret_cast<BYTE*>(destination);
-    const int publicBytes = std::min(from.Size, to.Size);
-    std::memmove(out, in, publicBytes);  // a caller may convert a record in its own place
-    DWORD fields;
-    std::memcpy(&fields, out + offsetof(DEVMODEW, dmFields), sizeof(fields));
+    const bool namesPaper = (PublicField(source, offsetof(DEVMODEW, dmFields)) & DM_PAPERSIZE) != 0;
+    const int bytes = std::min(from.Size, to.Size);
+    std::memmove(destination, source, bytes);
     constexpr size_t kPaperSizeAt = offsetof(DEVMODEW, dmPaperSize);
-    if ((fields & DM_PAPERSIZE) != 0 && to.Size >= kPaperSizeAt + sizeof(SHORT)) {
-        std::memcpy(out + kPaperSizeAt, &CardFormTable[0].PaperSize, sizeof(SHORT));
+    if (namesPaper && to.Size >= kPaperSizeAt + sizeof(SHORT)) {
+        std::memcpy(reinterpret_cast<BYTE*>(destination) + kPaperSizeAt,
+                    &CardFormTable[0].PaperSize, sizeof(SHORT));
     }
     SetHead(destination, to);
+    return bytes;
+}
 
-    if (from.DriverVersion != kDriverVersion || from.SpecVersion != kSpecVersion ||
-        to.Extra != from.Extra) {
+int ConvertDevModeCopy(const DEVMODEW* source, DEVMODEW* destination) {
+    if (source == nullptr || destination == nullptr) {
+        return -1;
+    }
+    const RecordHead from = HeadOf(source);  // before it may be written over
+    const RecordHead to = HeadOf(destination);
+    const int publicBytes = CopyPublicPart(source, destination);
+    if (publicBytes < 0 || !GivesPrivatePart(from, to.Extra)) {
         return publicBytes;
     }
-    std::memmove(out + to.Size, in + from.Size, from.Extra);
+    std::memmove(reinterpret_cast<BYTE*>(destination) + to.Size,
+                 reinterpret_cast<const BYTE*>(source) + from.Size, from.Extra);
     return publicBytes + from.Extra;
+}
+
+bool IsMergeable(const DEVMODEW* incoming) {
+    if (incoming == nullptr) {
+        return true;
+    }
+    const RecordHead head = HeadOf(incoming);
+    return UsableSpecVersion(head) != 0 && (head.Size > 0 || GivesPrivatePart(head, kPrivateSize));
 }
 
 int CopyDevModeOut(const DevModeRecord* working, const DEVMODEW* input, DEVMODEW* destination) {
@@ -99,6 +129,9 @@ int CopyDevModeOut(const DevModeRecord* working, const DEVMODEW* input, DEVMODEW
     if (asked.Extra < own.Extra) {
         shape.Extra = asked.Extra;
         shape.DriverVersion = asked.DriverVersion;
+    }
+    if (shape.Size < kHeaderSize) {
+        return 0;  // the destination may end before its header does
     }
     SetHead(destination, shape);
     return ConvertDevModeCopy(source, destination) > 0 ? 1 : 0;

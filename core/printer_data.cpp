@@ -54,15 +54,12 @@ WCHAR* Writable(const WCHAR* name) {
     return const_cast<WCHAR*>(name);
 }
 
-// Reads a 32-bit number, stored as a number or as four bytes.
+// Reads a number of at most 32 bits; the bytes that a shorter one lacks count as zero.
 bool ReadPrinterNumber(HANDLE printer, const WCHAR* name, DWORD* number) {
-    DWORD type = REG_NONE;
     DWORD value = 0;
-    DWORD size = 0;
-    const DWORD error = GetPrinterDataW(printer, Writable(name), &type,
-                                        reinterpret_cast<BYTE*>(&value), sizeof(value), &size);
-    if (error != ERROR_SUCCESS || size != sizeof(value) ||
-        (type != REG_DWORD && type != REG_BINARY)) {
+    DWORD stored = 0;
+    if (GetPrinterDataW(printer, Writable(name), nullptr, reinterpret_cast<BYTE*>(&value),
+                        sizeof(value), &stored) != ERROR_SUCCESS) {
         return false;
     }
     *number = value;
@@ -74,19 +71,14 @@ bool ReadPrinterNumber(HANDLE printer, const WCHAR* name, DWORD* number) {
 GlobalBlock<BYTE> ReadPrinterBlob(HANDLE printer, DWORD* size, PrinterBlobIndex index) {
     const PrinterBlobName& names = PrinterBlobNames[index];
     DWORD claimed = 0;
-    if (!ReadPrinterNumber(printer, names.SizeValue, &claimed) || claimed == 0 ||
-        claimed > kMaxBlobSize) {
+    if (!ReadPrinterNumber(printer, names.SizeValue, &claimed) || claimed == 0) {
         return {};
     }
-    auto data = GlobalBlock<BYTE>::Allocate(claimed);
-    if (!data) {
-        return {};
-    }
-    DWORD type = REG_NONE;
+    // Zeroed, so that a claim of more than is stored brings nothing that was left in memory.
+    auto data = GlobalBlock<BYTE>::Allocate(claimed, GPTR);
     DWORD stored = 0;
-    const DWORD error =
-        GetPrinterDataW(printer, Writable(names.DataValue), &type, data.get(), claimed, &stored);
-    if (error != ERROR_SUCCESS || type != REG_BINARY || stored != claimed) {
+    if (!data || GetPrinterDataW(printer, Writable(names.DataValue), nullptr, data.get(), claimed,
+                                 &stored) != ERROR_SUCCESS) {
         return {};
     }
     if (size != nullptr) {
@@ -107,10 +99,18 @@ bool WritePrinterBlob(HANDLE printer, const void* data, DWORD size, PrinterBlobI
                            static_cast<BYTE*>(const_cast<void*>(data)), size) == ERROR_SUCCESS;
 }
 
+namespace {
+
+GlobalBlock<PrinterDataRecord> NewPrinterData() {
+    return GlobalBlock<PrinterDataRecord>::Allocate(sizeof(PrinterDataRecord), GPTR);
+}
+
+}  // namespace
+
 bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record) {
     DWORD size = 0;
     const GlobalBlock<BYTE> stored = ReadPrinterBlob(printer, &size, kPrinterDataBlob);
-    if (!stored || size < offsetof(PrinterDataRecord, RecordReserved)) {
+    if (!stored) {
         return false;
     }
     *record = {};
@@ -129,8 +129,12 @@ bool ReadOrBuildPrinterData(HANDLE printer, PrinterDataRecord* record) {
     return static_cast<bool>(built);
 }
 
+bool CanHavePrinterData(HANDLE printer) {
+    return NewPrinterData() || ReadPrinterBlob(printer, nullptr, kPrinterDataBlob);
+}
+
 GlobalBlock<PrinterDataRecord> BuildDefaultPrinterData(HANDLE printer) {
-    auto record = GlobalBlock<PrinterDataRecord>::Allocate(sizeof(PrinterDataRecord), GPTR);
+    auto record = NewPrinterData();
     if (!record) {
         return {};
     }

@@ -40,22 +40,23 @@ static_assert(offsetof(PrinterDataRecord, RecordReserved) == 20);
 GlobalBlock<PrinterDataRecord> BuildDefaultPrinterData(HANDLE printer);
 
 /// Reads the stored record into `record`: as many bytes as are stored, the rest zero. False when
-/// there is none, or one too short for the fields before RecordReserved.
+/// there is none.
 bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record);
 
 /// The stored record, or else the default one; false when neither can be had.
 bool ReadOrBuildPrinterData(HANDLE printer, PrinterDataRecord* record);
+
+/// Whether that would give one, without asking the spooler while there is memory for a default.
+bool CanHavePrinterData(HANDLE printer);
 
 // ---- Sized values -----------------------------------------------------------------------------
 // Each is a pair of printer-data values: its size (REG_DWORD) and its bytes (REG_BINARY).
 
 enum PrinterBlobIndex { kFontSubstitutionBlob, kTrayFormBlob, kPrinterDataBlob };
 
-/// The largest sized value that is believed; a stored size above it is damage.
-constexpr DWORD kMaxBlobSize = 0x100000;
-
-/// Gives the bytes of a sized value and their number through `size` when given. None when either
-/// value is missing or of another type, the size is 0 or above kMaxBlobSize, or the two disagree.
+/// Gives as many bytes as the stored size says and that size through `size` when given; bytes that
+/// are not stored are zero. None when either value cannot be read (as when more is stored than the
+/// size says), the size is 0 or memory is short. Types do not matter.
 GlobalBlock<BYTE> ReadPrinterBlob(HANDLE printer, DWORD* size, PrinterBlobIndex index);
 
 /// Stores a 32-bit number as a value of that type; false when it cannot be written.

@@ -21,10 +21,10 @@ inline void Require(bool holds, const char* property) {
 /// A record from arbitrary bytes in a block of just the size that it claims for itself (at least
 /// what every record has), so that reading behind the claim is caught.
 inline test::GuardedBuffer GuardedRecord(std::string bytes) {
-    bytes.resize(std::max<size_t>(bytes.size(), kSmallestPublicSize));
+    bytes.resize(std::max<size_t>(bytes.size(), kHeaderSize));
     WORD sizes[2];  // public and private
     std::memcpy(sizes, bytes.data() + offsetof(DEVMODEW, dmSize), sizeof(sizes));
-    const size_t claimed = std::max<size_t>(size_t{sizes[0]} + sizes[1], kSmallestPublicSize);
+    const size_t claimed = std::max<size_t>(size_t{sizes[0]} + sizes[1], kHeaderSize);
     // Records are aligned for their fields.
     return test::GuardedBuffer((claimed + 3) / 4 * 4, bytes);
 }

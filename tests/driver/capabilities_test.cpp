@@ -1,5 +1,6 @@
 // Capability answers and the print query.
 #include "core/driver_ui_contract.h"
+#include "core/merge.h"
 #include "driver_test.h"
 
 #include <cstring>
@@ -115,12 +116,44 @@ TEST_F(CapabilitiesTest, QueryAcceptsWhateverAMergeCanRepair) {
     EXPECT_FALSE(DevQueryPrintEx(nullptr));
 }
 
+TEST_F(CapabilitiesTest, AnswersAreGivenForWhateverAMergeAccepts) {
+    std::vector<BYTE> buffer(2 * 65536, 3);
+    auto* record = reinterpret_cast<DEVMODEW*>(buffer.data());
+    int accepted = 0;
+    for (WORD size : {0, 1, 71, 72, 73, 75, 76, 188, 212, 219, 220, 300, 65535}) {
+        for (WORD spec : {0, 1, 0x0401}) {
+            for (WORD driver : {0x0350, 0x0500}) {
+                for (WORD extra : {0, 112, 364, 65535}) {
+                    record->dmSize = size;
+                    record->dmSpecVersion = spec;
+                    record->dmDriverVersion = driver;
+                    record->dmDriverExtra = extra;
+                    SCOPED_TRACE(testing::Message() << size << " + " << extra << ", version "
+                                                    << spec << ", driver " << driver);
+                    DevModeRecord merged = DefaultRecord();
+                    const int merges = MergeDevMode(&merged, record, nullptr);
+                    DEVQUERYPRINT_INFO info = {};
+                    info.pDevMode = record;
+                    EXPECT_EQ(DevQueryPrintEx(&info), merges);
+                    EXPECT_EQ(Ask(DC_FIELDS, nullptr, record),
+                              merges ? merged.Public.dmFields : DWORD(-1));
+                    EXPECT_EQ(Ask(DC_COPIES, nullptr, record), merges ? 9999 : DWORD(-1));
+                    accepted += merges;
+                }
+            }
+        }
+    }
+    EXPECT_EQ(accepted, 12 * 2 * 8 + 3 * 8 + 1) << "of 312, one for its private part alone";
+}
+
 TEST_F(CapabilitiesTest, ColourProfileIsNeverNamed) {
     const DevModeRecord own = DefaultRecord();
     DevModeRecord systems = own;
     systems.Public.dmICMMethod = DMICMMETHOD_SYSTEM;
     DevModeRecord old = systems;
     old.Public.dmSize = 188;
+    DevModeRecord partial = systems;
+    partial.Public.dmSize = 189;
     const struct {
         const char* name;
         const DevModeRecord* record;
@@ -129,7 +162,7 @@ TEST_F(CapabilitiesTest, ColourProfileIsNeverNamed) {
     } cases[] = {
         {"device", &own, 0, TRUE},        {"target", &own, 1, TRUE},
         {"other mode", &own, 2, FALSE},   {"system colour", &systems, 0, FALSE},
-        {"no such field", &old, 0, TRUE},
+        {"no such field", &old, 0, TRUE}, {"one byte of it", &partial, 0, FALSE},
     };
     for (const auto& c : cases) {
         DevModeRecord record = *c.record;

@@ -78,16 +78,24 @@ TEST_F(ConvertTest, IntoTheDeclaredLayout) {
     }
 }
 
-TEST_F(ConvertTest, OutputSmallerThanItsFirstFieldsIsNotTouched) {
+TEST_F(ConvertTest, OutputThatEndsEarlyIsNotWrittenBehind) {
     DevModeRecord input = DefaultRecord();
-    GuardedBuffer output(12);
-    EXPECT_EQ(Convert(CDM_CONVERT, &input.Public, output.record(), 12), (Outcome{FALSE, 87, 12}));
-    // One that ends with them takes no paper size.
-    GuardedBuffer shortest(76);
-    shortest.record()->dmSize = 76;
-    shortest.record()->dmDriverExtra = 0;
-    EXPECT_EQ(Convert(CDM_CONVERT, &input.Public, shortest.record(), 76),
-              (Outcome{TRUE, kUntouched, 76}));
+    for (WORD size = 60; size < 82; ++size) {
+        const LONG given = (size + 3) / 4 * 4;
+        GuardedBuffer output(given);
+        if (size >= 72) {
+            output.record()->dmSize = size;
+            output.record()->dmDriverExtra = 0;
+        }
+        const Outcome refused = {FALSE, 87, given};
+        const Outcome done = {TRUE, kUntouched, size};
+        EXPECT_EQ(Convert(CDM_CONVERT, &input.Public, output.record(), given),
+                  size < 72 ? refused : done)
+            << size;
+        BYTE* written = output.data() + (size < 72 ? 0 : size);
+        EXPECT_EQ(std::count(written, output.data() + given, 0xA5), output.data() + given - written)
+            << size;
+    }
 }
 
 TEST_F(ConvertTest, PaperSizeBecomesTheOneCardForm) {
@@ -122,6 +130,28 @@ TEST_F(ConvertTest, IntoTheFirstGeneration) {
     EXPECT_EQ(record->dmDriverVersion, 0x0350);
     EXPECT_EQ(record->dmCopies, 7);
     EXPECT_EQ(std::count(output.data() + 188, output.data() + 300, 0xA5), 112);
+}
+
+TEST_F(ConvertTest, FirstGenerationNeverGetsAPrivatePart) {
+    const struct {
+        WORD size, extra;
+        Outcome expected;
+    } cases[] = {
+        {220, 112, {TRUE, kUntouched, 300}},
+        {188, 112, {TRUE, kUntouched, 300}},
+        {74, 112, {TRUE, kUntouched, 300}},
+        {0, 112, {FALSE, 87, 300}},
+    };
+    for (const auto& c : cases) {
+        DevModeRecord input = DefaultRecord();
+        input.Public.dmSize = c.size;
+        input.Public.dmDriverExtra = c.extra;
+        GuardedBuffer output(300);
+        EXPECT_EQ(Convert(CDM_CONVERT351, &input.Public, output.record(), 300), c.expected)
+            << c.size;
+        EXPECT_EQ(std::count(output.data() + 188, output.data() + 300, 0xA5), 112) << c.size;
+        EXPECT_EQ(output.record()->dmDriverExtra, 112);
+    }
 }
 
 TEST_F(ConvertTest, DriverDefaultIsNamedAfterTheDriver) {

@@ -3,6 +3,7 @@
 #include "core/card_terms.h"
 #include "driver_test.h"
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <random>
@@ -203,15 +204,79 @@ TEST_F(MergeTest, ForeignRecordBringsItsPublicFieldsOnly) {
     }
 }
 
+// A record of that public size, bytes counting up but for its identification.
+std::string RecordOfSize(WORD size, WORD driver, WORD extra) {
+    std::string bytes(std::max<size_t>(size + extra, kHeaderSize), 0);
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        bytes[i] = static_cast<char>(i + 1);
+    }
+    const WORD identification[] = {0x0401, driver, size, extra};
+    std::memcpy(bytes.data() + 64, identification, sizeof(identification));
+    return bytes;
+}
+
+TEST_F(MergeTest, PublicPartShorterThanItsFirstFieldsGivesWhatItHas) {
+    for (WORD size = 1; size <= 75; ++size) {
+        SCOPED_TRACE(size);
+        for (const BYTE paperBit : {0, 2}) {
+            std::string bytes = RecordOfSize(size, 0x0123, 0);
+            if (size > 72) {
+                bytes[72] = static_cast<char>(paperBit);
+            }
+            const GuardedBuffer source(bytes.size(), bytes);
+            std::string expected = RecordOfSize(220, 0x0500, 364);
+            std::reverse(expected.begin() + 72, expected.end());
+            const GuardedBuffer out(expected.size(), expected);
+            std::memcpy(expected.data(), bytes.data(), std::min<size_t>(size, 64));
+            if (size > 72) {
+                std::memcpy(expected.data() + 72, bytes.data() + 72, size - 72);
+                std::memcpy(expected.data() + 78, paperBit != 0 ? "\x30\x02" : &expected[78], 2);
+            }
+            EXPECT_EQ(ConvertDevModeCopy(source.record(), out.record()), size);
+            EXPECT_EQ(std::memcmp(out.data(), expected.data(), expected.size()), 0);
+        }
+    }
+}
+
+TEST_F(MergeTest, RecordShorterThanItsFirstFieldsIsMerged) {
+    for (WORD size = 1; size <= 75; ++size) {
+        const std::string bytes = RecordOfSize(size, 0x0123, 0);
+        const GuardedBuffer incoming((bytes.size() + 3) / 4 * 4, bytes);
+        DevModeRecord expected = Merged(DefaultRecord());
+        CopyWideBounded(expected.Public.dmDeviceName, incoming.record()->dmDeviceName, 32);
+        DevModeRecord current = DefaultRecord();
+        EXPECT_EQ(MergeDevMode(&current, incoming.record(), nullptr), 1) << size;
+        EXPECT_EQ(BytesOf(current.Public), BytesOf(expected.Public)) << size;
+    }
+}
+
+TEST_F(MergeTest, PrivatePartBeginsWhereverThePublicPartEnds) {
+    for (WORD size : {WORD{0}, WORD{40}, WORD{71}, WORD{73}, WORD{260}}) {
+        const std::string bytes = RecordOfSize(size, 0x0500, 364);
+        const GuardedBuffer source(bytes.size(), bytes);
+        const std::string before = RecordOfSize(220, 0x0500, 364);
+        const GuardedBuffer out(before.size(), before);
+        EXPECT_EQ(ConvertDevModeCopy(source.record(), out.record()),
+                  std::min<WORD>(size, 220) + 364);
+        EXPECT_EQ(std::memcmp(out.data() + 220, bytes.data() + size, 364), 0) << size;
+    }
+    // Without a private part to give, a public part of no bytes gives nothing.
+    const GuardedBuffer empty(kHeaderSize, RecordOfSize(0, 0x0500, 0));
+    DevModeRecord record = DefaultRecord();
+    EXPECT_EQ(ConvertDevModeCopy(empty.record(), &record.Public), 0);
+    EXPECT_EQ(BytesOf(record.Public), BytesOf(DefaultRecord().Public));
+}
+
 TEST_F(MergeTest, UnusableRecordLeavesAllButTheName) {
     const struct {
         WORD size, specVersion;
-    } cases[] = {{0, 0}, {0, 0x0401}, {75, 0x0401}, {100, 0}, {219, 0}, {65535, 0}};
+    } cases[] = {{0, 0}, {0, 0x0401}, {1, 0}, {75, 0}, {100, 0}, {219, 0}, {65535, 0}};
     for (const auto& c : cases) {
         DevModeRecord incoming = Incoming(DM_COPIES);
         incoming.Public.dmCopies = 9;
         incoming.Public.dmSize = c.size;
         incoming.Public.dmSpecVersion = c.specVersion;
+        incoming.Public.dmDriverExtra = 0;
         CopyWideBounded(incoming.Public.dmDeviceName, TEXT("Theirs"), CCHDEVICENAME);
         DevModeRecord current = DefaultRecord();
         DevModeRecord expected = current;
@@ -266,6 +331,7 @@ TEST_F(MergeTest, CopyOutGivesTheCallersLayout) {
         {"188", 188, 0x0320, 0x0350, 112, 188, 0x0320, 0x0350, 112, false},
         {"212 without version", 212, 0, 0x0500, 364, 212, 0x0400, 0x0500, 364, true},
         {"100 with version", 100, 0x0200, 0x0500, 12, 100, 0x0200, 0x0500, 12, false},
+        {"copies and no more", 88, 0x0401, 0x0500, 364, 88, 0x0401, 0x0500, 364, true},
     };
     DevModeRecord working = DefaultRecord();
     working.Public.dmCopies = 42;
@@ -290,6 +356,21 @@ TEST_F(MergeTest, CopyOutGivesTheCallersLayout) {
         } else {
             EXPECT_EQ(std::count(part, part + c.outExtra, 0xA5), c.outExtra) << "written over";
         }
+    }
+}
+
+TEST_F(MergeTest, LayoutThatEndsWithinItsHeaderIsNotWrittenTo) {
+    const DevModeRecord working = DefaultRecord();
+    for (WORD size : {WORD{1}, WORD{40}, WORD{71}}) {
+        DEVMODEW input = {};
+        input.dmSize = size;
+        input.dmSpecVersion = 0x0401;
+        const GuardedBuffer out((size + 3) / 4 * 4);
+        EXPECT_EQ(CopyDevModeOut(&working, &input, out.record()), 0) << size;
+        EXPECT_EQ(std::count(out.data(), out.data() + size, 0xA5), size);
+        DEVMODEW target = input;
+        EXPECT_EQ(ConvertDevModeCopy(&working.Public, &target), -1) << size;
+        EXPECT_EQ(std::memcmp(&target, &input, sizeof(input)), 0);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "core/printer_data.h"
 #include "driver_test.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace test {
@@ -43,38 +44,38 @@ TEST_F(PrinterDataTest, SizedValueRoundTrip) {
     EXPECT_FALSE(ReadPrinterBlob(printer_, nullptr, kFontSubstitutionBlob));
 }
 
-TEST_F(PrinterDataTest, SizedValueWhoseHalvesDisagreeIsNone) {
+TEST_F(PrinterDataTest, SizedValueIsAsLongAsItsSizeSaysWhateverIsStored) {
+    constexpr DWORD kNone = 77;
     const struct {
         const char* name;
         DWORD sizeType;
         std::vector<BYTE> size;
         DWORD dataType;
         std::vector<BYTE> data;
-        bool readable;
+        DWORD expected;
     } cases[] = {
-        {"as written", REG_DWORD, {4, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, true},
-        {"size as bytes", REG_BINARY, {4, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, true},
-        {"size 0", REG_DWORD, {0, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"size of two bytes", REG_BINARY, {4, 0}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"size of eight bytes",
-         REG_BINARY,
-         {4, 0, 0, 0, 0, 0, 0, 0},
-         REG_BINARY,
-         {1, 2, 3, 4},
-         false},
-        {"size as text", REG_SZ, {'4', 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"enormous", REG_DWORD, {255, 255, 255, 255}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"data longer", REG_DWORD, {3, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"data shorter", REG_DWORD, {5, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, false},
-        {"data of another type", REG_DWORD, {4, 0, 0, 0}, REG_DWORD, {1, 2, 3, 4}, false},
+        {"as written", REG_DWORD, {4, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, 4},
+        {"other types", REG_SZ, {4, 0, 0, 0}, REG_DWORD, {1, 2, 3, 4}, 4},
+        {"size of one byte", REG_BINARY, {4}, REG_BINARY, {1, 2, 3, 4}, 4},
+        {"size of three bytes", REG_BINARY, {4, 1, 0}, REG_BINARY, {1, 2, 3, 4}, 260},
+        {"data shorter", REG_DWORD, {5, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, 5},
+        {"data much shorter", REG_DWORD, {0, 0, 0, 4}, REG_BINARY, {1, 2, 3, 4}, 0x4000000},
+        {"size 0", REG_DWORD, {0, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
+        {"size of five bytes", REG_BINARY, {4, 0, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
+        {"data longer", REG_DWORD, {3, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
     };
     for (const auto& c : cases) {
         StoreValue(printer_, TEXT("TrayFormSize"), c.sizeType, c.size);
         StoreValue(printer_, TEXT("TrayFormTable"), c.dataType, c.data);
-        DWORD size = 77;
-        EXPECT_EQ(static_cast<bool>(ReadPrinterBlob(printer_, &size, kTrayFormBlob)), c.readable)
-            << c.name;
-        EXPECT_EQ(size, c.readable ? 4u : 77u) << c.name;
+        DWORD size = kNone;
+        const auto read = ReadPrinterBlob(printer_, &size, kTrayFormBlob);
+        EXPECT_EQ(size, c.expected) << c.name;
+        ASSERT_EQ(static_cast<bool>(read), c.expected != kNone) << c.name;
+        if (read) {
+            std::vector<BYTE> expected = c.data;
+            expected.resize(size);
+            EXPECT_EQ(std::memcmp(read.get(), expected.data(), size), 0) << c.name;
+        }
     }
 }
 
@@ -88,27 +89,38 @@ TEST_F(PrinterDataTest, DefaultRecordFollowsTheStoredValues) {
         StoreNumber(printer_, TEXT("FreeMem"), c.freeMem);
         EXPECT_EQ(BuildDefaultPrinterData(printer_)->FreeMemory, c.expected) << c.freeMem;
     }
+    StoreValue(printer_, TEXT("FreeMem"), REG_BINARY, {200});
+    EXPECT_EQ(BuildDefaultPrinterData(printer_)->FreeMemory, 204800u) << "fewer than four bytes";
     StoreValue(printer_, TEXT("FreeMem"), REG_SZ, {'2', 0, '0', 0, '0', 0, 0, 0});
-    EXPECT_EQ(BuildDefaultPrinterData(printer_)->FreeMemory, 102400u);
+    EXPECT_EQ(BuildDefaultPrinterData(printer_)->FreeMemory, 102400u) << "more than four bytes";
 
     EXPECT_EQ(BuildDefaultPrinterData(printer_)->DataFlags & kPrinterHalftone, 0u);
-    StoreValue(printer_, TEXT("PrinterHT"), REG_BINARY, {0, 1, 0, 0});
+    for (const std::vector<BYTE>& bytes : {std::vector<BYTE>{0, 1, 0, 0}, {0, 1}, {1}, {0}}) {
+        StoreValue(printer_, TEXT("PrinterHT"), REG_BINARY, bytes);
+        EXPECT_EQ((BuildDefaultPrinterData(printer_)->DataFlags & kPrinterHalftone) != 0,
+                  std::ranges::count(bytes, 1) != 0)
+            << bytes.size();
+    }
     const auto record = BuildDefaultPrinterData(printer_);
-    EXPECT_NE(record->DataFlags & kPrinterHalftone, 0u);
     EXPECT_EQ(record->RecordVersion, 0x0500);
     EXPECT_EQ(record->RecordSize, 104);
     EXPECT_EQ(record->Value12, 0u);
     EXPECT_EQ(record->Value16, 240u);
 }
 
-TEST_F(PrinterDataTest, StoredRecordNeedsItsFixedFields) {
-    for (DWORD size : {19u, 20u, 104u, 300u}) {
+TEST_F(PrinterDataTest, StoredRecordOfAnyLengthIsFilledUpWithZeros) {
+    for (size_t size : {1u, 19u, 103u, 104u, 300u}) {
         const std::vector<BYTE> bytes(size, 9);
-        ASSERT_TRUE(WritePrinterBlob(printer_, bytes.data(), size, kPrinterDataBlob));
-        PrinterDataRecord record;
-        std::memset(&record, 0xA5, sizeof(record));
-        EXPECT_EQ(ReadPrinterData(printer_, &record), size >= 20) << size;
-        EXPECT_EQ(record.RecordReserved[83], size < 20 ? 0xA5 : size == 20 ? 0 : 9) << size;
+        ASSERT_TRUE(
+            WritePrinterBlob(printer_, bytes.data(), static_cast<DWORD>(size), kPrinterDataBlob));
+        BYTE record[sizeof(PrinterDataRecord)];
+        std::memset(record, 0xA5, sizeof(record));
+        EXPECT_TRUE(ReadPrinterData(printer_, reinterpret_cast<PrinterDataRecord*>(record)));
+        const size_t kept = std::min<size_t>(size, sizeof(record));
+        EXPECT_EQ(std::count(record, record + kept, 9), static_cast<long>(kept)) << size;
+        EXPECT_EQ(std::count(record + kept, record + sizeof(record), 0),
+                  static_cast<long>(sizeof(record) - kept))
+            << size;
     }
 }
 

@@ -74,7 +74,7 @@ TEST_F(UpgradeTest, OldRecordKeepsWhatItSaysItFilled) {
         WORD recordSize;
         DWORD stored;
         size_t kept;
-    } cases[] = {{60, 104, 60}, {60, 60, 60}, {104, 60, 60}, {500, 104, 104}};
+    } cases[] = {{60, 104, 60}, {60, 60, 60}, {104, 60, 60}, {500, 104, 104}, {104, 12, 12}};
     for (const auto& c : cases) {
         old.RecordSize = c.recordSize;
         const BYTE* bytes = reinterpret_cast<const BYTE*>(&old);
@@ -132,6 +132,8 @@ TEST_F(UpgradeTest, TrayFormTable) {
         {"more behind the end", Table("a|b|c||x|"), false, {}},
         {"odd number of bytes", {'a', 0, 0, 0, 0}, false, {}},
         {"one byte", {'a'}, false, {}},
+        {"one byte, its size", {1}, false, {}},
+        {"odd, but says its size", {3, 0, 9}, true, {}},
     };
     for (const auto& c : cases) {
         StoreBlob(kTrayFormBlob, c.stored);

@@ -99,8 +99,8 @@ class KpdtoolTest : public PlatformTest {
         record.Public.dmSpecVersion = version;
         record.Public.dmDriverVersion = driverVersion;
         std::string bytes(reinterpret_cast<const char*>(&record.Public), sizeof(record.Public));
-        bytes.resize(size, 7);
-        for (WORD i = 0; i < extra; ++i) {
+        bytes.resize(std::max(size, kHeaderSize), 7);
+        for (WORD i = 0; bytes.size() < size_t{size} + extra; ++i) {
             bytes += static_cast<char>(i);
         }
         return bytes;
@@ -139,6 +139,9 @@ TEST_F(KpdtoolTest, ShowsEveryLayout) {
         {300, 364, 0x0401, 0x0500, all, true, true},
         {91, 364, 0x0401, 0x0500, all - 21, true, true},
         {100, 0, 0, 0, 18, false, false},
+        {40, 0, 0x0401, 0x0500, 0, false, true},
+        {75, 0, 0x0401, 0x0500, 5, false, true},
+        {0, 9, 0x0401, 0x0500, 0, false, false},
         {65535, 65535, 1, 0x0500, 34, false, true},
     };
     for (const auto& c : cases) {
@@ -198,18 +201,16 @@ TEST_F(KpdtoolTest, ShowTellsWhatIsWrongAndWhatAMergeMakes) {
 
 TEST_F(KpdtoolTest, BadInputGivesOneLineAndNoFile) {
     const std::string whole = Layout(220, 364, kSpecVersion, kDriverVersion);
-    std::string tiny = whole;
-    tiny[offsetof(DEVMODEW, dmSize)] = 75;
     std::string huge = whole;
     huge[offsetof(DEVMODEW, dmDriverExtra) + 1] = '\xFF';
     const struct {
         std::string bytes, reason;
     } cases[] = {
-        {"", "has 0 bytes, fewer than the 76 that every record has"},
-        {whole.substr(0, 75), "has 75 bytes, fewer than the 76 that every record has"},
+        {"", "has 0 bytes, fewer than the 72 that every record has"},
+        {whole.substr(0, 71), "has 71 bytes, fewer than the 72 that every record has"},
+        {std::string(72, 0), "claims a record of 0 bytes"},
         {whole.substr(0, 583),
          "has 583 bytes, but claims a record of 584 (public part 220, private part 364)"},
-        {tiny, "claims a public part of 75 bytes, fewer than the 76 that every record has"},
         {huge, "has 584 bytes, but claims a record of 65608 (public part 220, private part 65388)"},
     };
     const std::string good = Store("good.dm", whole);

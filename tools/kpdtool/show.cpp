@@ -29,7 +29,10 @@ void PrintProblems(std::ostream& out, const StoredRecord& record, const StoredRe
     if (merged != nullptr) {
         out << "a merge into a default record changes " << changes << ".\n";
     } else {
-        out << "a merge refuses the record: its size names no version, and it has none itself.\n";
+        out << "a merge refuses the record: "
+            << (record.PublicSize() == 0 ? "it has no public part"
+                                         : "its size names no version, and it has none itself")
+            << ".\n";
     }
 }
 

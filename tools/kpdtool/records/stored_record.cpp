@@ -1,6 +1,7 @@
 // Records in files.
 #include "stored_record.h"
 
+#include "core/merge.h"
 #include "tools/kpdtool/tool_error.h"
 #include "tools/kpdtool/wide_text.h"
 
@@ -48,15 +49,14 @@ bool WriteWhole(const fs::path& path, Bytes bytes) {
 
 StoredRecord::StoredRecord(const std::string& source, std::vector<BYTE> bytes)
     : bytes_(std::move(bytes)) {
-    if (bytes_.size() < kSmallestPublicSize) {
+    if (bytes_.size() < kHeaderSize) {
         Fail(source, "has " + Count(bytes_.size()) + ", fewer than the " +
-                         std::to_string(kSmallestPublicSize) + " that every record has");
+                         std::to_string(kHeaderSize) + " that every record has");
     }
     publicSize_ = WordAt(bytes_, offsetof(DEVMODEW, dmSize));
     privateSize_ = WordAt(bytes_, offsetof(DEVMODEW, dmDriverExtra));
-    if (publicSize_ < kSmallestPublicSize) {
-        Fail(source, "claims a public part of " + Count(publicSize_) + ", fewer than the " +
-                         std::to_string(kSmallestPublicSize) + " that every record has");
+    if (publicSize_ == 0 && privateSize_ == 0) {
+        Fail(source, "claims a record of 0 bytes");
     }
     if (bytes_.size() < Size()) {
         Fail(source, "has " + Count(bytes_.size()) + ", but claims a record of " +
@@ -79,9 +79,8 @@ std::optional<Bytes> StoredRecord::Find(const Field& field) const {
 }
 
 bool StoredRecord::Counts(const Field& field) const {
-    constexpr size_t kFieldsAt = offsetof(DEVMODEW, dmFields);
-    const DWORD fields = WordAt(bytes_, kFieldsAt) | DWORD{WordAt(bytes_, kFieldsAt + sizeof(WORD))}
-                                                         << 16;
+    const DWORD fields =
+        PublicField(reinterpret_cast<const DEVMODEW*>(bytes_.data()), offsetof(DEVMODEW, dmFields));
     return field.bit == 0 || (fields & field.bit) != 0;
 }
 

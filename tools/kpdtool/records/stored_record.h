@@ -4,6 +4,7 @@
 #include "fields.h"
 #include "value.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,7 +21,10 @@ class StoredRecord {
 
     WORD PublicSize() const { return publicSize_; }
     WORD PrivateSize() const { return privateSize_; }
-    size_t Size() const { return size_t{publicSize_} + privateSize_; }
+    /// As it claims, but with its whole header.
+    size_t Size() const {
+        return std::max<size_t>(size_t{publicSize_} + privateSize_, kHeaderSize);
+    }
     /// Bytes behind the record.
     size_t Behind() const { return bytes_.size() - Size(); }
     /// The private part is this driver's, by its versions and size.
