@@ -35,6 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t dataSize) {
     const size_t outputSize = static_cast<size_t>(std::clamp<LONG>(given, 0, 200000));
     const test::GuardedBuffer target((outputSize + 3) / 4 * 4, outputBytes);
 
+    const std::string before(reinterpret_cast<const char*>(target.data()), outputSize);
+
     LONG size = given;
     const DWORD untouched = 4242;
     SetLastError(untouched);
@@ -45,8 +47,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t dataSize) {
     if (converted) {
         Require(mode == CDM_CONVERT || mode == CDM_CONVERT351 || mode == CDM_DRIVER_DEFAULT,
                 "mode");
-        Require(size >= 76 && size <= given, "size used");
+        Require(size >= kHeaderSize && size <= given, "size used");
         Require(size == target.record()->dmSize + target.record()->dmDriverExtra, "size told");
+        Require(mode != CDM_CONVERT351 ||
+                    before.compare(188, 112, reinterpret_cast<const char*>(target.data() + 188),
+                                   112) == 0,
+                "the first generation's private part is left alone");
     } else if (mode == CDM_CONVERT) {
         Require(error == ERROR_INVALID_PARAMETER && size == given, "refusal of CDM_CONVERT");
     } else if (mode == CDM_CONVERT351) {

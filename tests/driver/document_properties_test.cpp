@@ -2,6 +2,7 @@
 #include "core/driver_ui_contract.h"
 #include "driver_test.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace test {
@@ -72,6 +73,27 @@ TEST_F(DocumentPropertiesTest, OutputHasTheInputsLayoutAndMergedValues) {
         EXPECT_EQ(output.record()->dmSize, 188);
         EXPECT_EQ(output.record()->dmCopies, 1);
         EXPECT_EQ(output.record()->dmOrientation, 1);
+    }
+}
+
+TEST_F(DocumentPropertiesTest, RecordShorterThanItsFirstFieldsGetsWhatItCanHold) {
+    for (WORD size : {WORD{1}, WORD{71}, WORD{72}, WORD{75}}) {
+        GuardedBuffer input((std::max(size, kHeaderSize) + 3) / 4 * 4);
+        input.record()->dmSpecVersion = 0x0401;
+        input.record()->dmDriverVersion = 0x0123;
+        input.record()->dmSize = size;
+        input.record()->dmDriverExtra = 0;
+        GuardedBuffer output(80);
+        DOCUMENTPROPERTYHEADER header = Header(input.record(), output.record(), DM_COPY);
+        EXPECT_EQ(Call(header), 1) << size;
+        BYTE* end = output.data() + 80;
+        if (size < kHeaderSize) {
+            EXPECT_EQ(std::count(output.data(), end, 0xA5), 80) << size;
+        } else {
+            EXPECT_EQ(std::count(output.data() + size, end, 0xA5), 80 - size);
+            EXPECT_EQ(output.record()->dmSize, size);
+            EXPECT_EQ(output.record()->dmDriverVersion, 0x0123);
+        }
     }
 }
 

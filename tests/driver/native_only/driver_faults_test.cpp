@@ -50,6 +50,12 @@ LONG BuildAndRelease(HANDLE printer, DEVMODEW* record) {
     return built;
 }
 
+LONG Upgrade() {
+    WideString name = kPrinterName;
+    DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
+    return DrvUpgradePrinter(1, reinterpret_cast<BYTE*>(&info));
+}
+
 TEST_F(DriverFaults, ContextSurvivesOnlyWithoutItsPrinterName) {
     const auto build = [&] { return BuildAndRelease(printer_, nullptr); };
     constexpr unsigned kPrinterNameCall = 4;  // after the heap, the record and the model's name
@@ -145,25 +151,15 @@ TEST_F(DriverFaults, DriverDefaultPassesTheFailureOn) {
 }
 
 TEST_F(DriverFaults, UpgradeReportsOnlyWhatItCouldNotRead) {
-    const auto upgrade = [&] {
-        WideString name = kPrinterName;
-        DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
-        return LONG{DrvUpgradePrinter(1, reinterpret_cast<BYTE*>(&info))};
-    };
     // Opening the printer is the first call; a value that cannot be read or written is passed over.
-    FailEach(host::Call::kSpooler, upgrade,
+    FailEach(host::Call::kSpooler, Upgrade,
              [](unsigned n, LONG result) { EXPECT_EQ(result, n == 1 ? FALSE : TRUE) << n; });
     // A stored record whose block cannot be had is replaced by a default one.
-    FailEach(host::Call::kGlobal, upgrade,
+    FailEach(host::Call::kGlobal, Upgrade,
              [](unsigned n, LONG result) { EXPECT_EQ(result, TRUE) << n; });
 }
 
 TEST_F(DriverFaults, InterruptedUpgradeGoesOnWhereItStopped) {
-    const auto upgrade = [&] {
-        WideString name = kPrinterName;
-        DRIVER_UPGRADE_INFO_1W info = {name.data(), nullptr};
-        return DrvUpgradePrinter(1, reinterpret_cast<BYTE*>(&info));
-    };
     PrinterDataRecord old;
     std::memset(&old, 7, sizeof(old));
     old.RecordVersion = 0x0400;
@@ -179,14 +175,27 @@ TEST_F(DriverFaults, InterruptedUpgradeGoesOnWhereItStopped) {
     for (unsigned n = 1; n <= kCalls; ++n) {
         ASSERT_TRUE(WritePrinterBlob(printer_, &old, 60, kPrinterDataBlob));
         host::FailCall(host::Call::kSpooler, n);
-        upgrade();
+        Upgrade();
         host::FailCall(host::Call::kSpooler, 0);
-        ASSERT_TRUE(upgrade());
+        ASSERT_TRUE(Upgrade());
         // One that cannot be read is as one that is not there.
         const bool unread = n == 2 || n == 3;
         EXPECT_EQ(StoredValue(printer_, TEXT("PrinterData")) == upgraded, !unread) << n;
         EXPECT_EQ(StoredNumber(printer_, TEXT("PrinterDataSize")), 104u) << n;
     }
+}
+
+TEST_F(DriverFaults, TableInterruptedBetweenSizeAndBytesIsRefusedAndStays) {
+    ASSERT_TRUE(Upgrade());
+    const WCHAR table[] = {'a', 0, 'b', 0, 'c', 0, 0};
+    ASSERT_TRUE(WritePrinterBlob(printer_, table, sizeof(table), kTrayFormBlob));
+    constexpr unsigned kTableWritten = 11;
+    host::FailCall(host::Call::kSpooler, kTableWritten);
+    EXPECT_TRUE(Upgrade()) << "writes are not consulted";
+    host::FailCall(host::Call::kSpooler, 0);
+    EXPECT_EQ(StoredNumber(printer_, TEXT("TrayFormSize")), sizeof(table) + 4);
+    EXPECT_FALSE(Upgrade());
+    EXPECT_EQ(StoredValue(printer_, TEXT("TrayFormTable")).size(), sizeof(table));
 }
 
 TEST_F(DriverFaults, MetricLocaleIsNotAssumed) {
