@@ -59,7 +59,7 @@ TEST_F(PrinterDataTest, SizedValueIsAsLongAsItsSizeSaysWhateverIsStored) {
         {"size of one byte", REG_BINARY, {4}, REG_BINARY, {1, 2, 3, 4}, 4},
         {"size of three bytes", REG_BINARY, {4, 1, 0}, REG_BINARY, {1, 2, 3, 4}, 260},
         {"data shorter", REG_DWORD, {5, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, 5},
-        {"data much shorter", REG_DWORD, {0, 0, 0, 4}, REG_BINARY, {1, 2, 3, 4}, 0x4000000},
+        {"data much shorter", REG_DWORD, {0, 0, 32, 0}, REG_BINARY, {1, 2, 3, 4}, 0x200000},
         {"size 0", REG_DWORD, {0, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
         {"size of five bytes", REG_BINARY, {4, 0, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
         {"data longer", REG_DWORD, {3, 0, 0, 0}, REG_BINARY, {1, 2, 3, 4}, kNone},
