@@ -9,9 +9,9 @@
 
 namespace {
 
-// Whether the record (or none) can be merged into a default one. What the result would hold is the
-// same in all that is asked about here, on every model, so none is built and the spooler need not
-// be asked which model it is; but there must be memory for one.
+// Whether a default record could be built and this one (or none) merged into it. No answer depends
+// on what would come of that, nor on the model, so it is not done and the spooler is asked nothing;
+// but without the memory for it there is no answer.
 bool CanBeMerged(const DEVMODEW* record) {
     return IsMergeable(record) && GlobalBlock<DevModeRecord>::Allocate();
 }
