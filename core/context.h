@@ -47,7 +47,7 @@ struct DriverContext {
     HWND PageWindows[kPageSlots];  ///< each while that page is open
     DWORD PagesBeingFilled;        ///< a bit a slot
 
-    BYTE Reserved[116];
+    BYTE Reserved[124];
     DriverContext* SelfCheckTail;
 };
 static_assert(sizeof(DriverContext) == 960);
