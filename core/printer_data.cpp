@@ -119,7 +119,8 @@ bool ReadPrinterData(HANDLE printer, PrinterDataRecord* record) {
 }
 
 bool ReadOrBuildPrinterData(HANDLE printer, PrinterDataRecord* record) {
-    if (ReadPrinterData(printer, record)) {
+    // Asked twice: the default would be stored over a record that could not be read just now.
+    if (ReadPrinterData(printer, record) || ReadPrinterData(printer, record)) {
         return true;
     }
     const auto built = BuildDefaultPrinterData(printer);
