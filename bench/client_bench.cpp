@@ -5,6 +5,7 @@
 
 #include <winspool.h>
 
+#include "bench/post_script_printer.h"
 #include "core/device_mode.h"
 #include "tools/computer/computer.h"
 
@@ -16,72 +17,10 @@
 
 namespace {
 
-using WideString = std::basic_string<WCHAR>;
+using computer::WideString;
 
 WideString cardPrinter = TEXT("Card printer");
 WideString postScriptPrinter = TEXT("PostScript printer");
-
-// The smallest description that the PostScript driver accepts.
-constexpr char kPpd[] =
-    "*PPD-Adobe: \"4.3\"\n*FormatVersion: \"4.3\"\n*FileVersion: \"1.0\"\n"
-    "*LanguageVersion: English\n*LanguageEncoding: ISOLatin1\n*PCFileName: \"PEER.PPD\"\n"
-    "*Manufacturer: \"Peer\"\n*Product: \"(Peer)\"\n*PSVersion: \"(3010.000) 0\"\n"
-    "*ModelName: \"Peer\"\n*ShortNickName: \"Peer\"\n*NickName: \"Peer\"\n"
-    "*LanguageLevel: \"3\"\n*ColorDevice: True\n*DefaultResolution: 300dpi\n"
-    "*OpenUI *PageSize: PickOne\n*DefaultPageSize: A4\n"
-    "*PageSize A4/A4: \"<</PageSize[595 842]>>setpagedevice\"\n*CloseUI: *PageSize\n"
-    "*OpenUI *PageRegion: PickOne\n*DefaultPageRegion: A4\n"
-    "*PageRegion A4/A4: \"<</PageSize[595 842]>>setpagedevice\"\n*CloseUI: *PageRegion\n"
-    "*DefaultImageableArea: A4\n*ImageableArea A4/A4: \"0 0 595 842\"\n"
-    "*DefaultPaperDimension: A4\n*PaperDimension A4/A4: \"595 842\"\n";
-
-WideString WritePpd() {
-    WCHAR folder[MAX_PATH] = {};
-    GetTempPathW(MAX_PATH, folder);
-    const WideString path = WideString(folder) + TEXT("peer.ppd");
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    DWORD written = 0;
-    WriteFile(file, kPpd, sizeof(kPpd) - 1, &written, nullptr);
-    CloseHandle(file);
-    return path;
-}
-
-bool InstallPostScriptDriver(WCHAR* name) {
-    WCHAR system[MAX_PATH] = {};
-    GetSystemDirectoryW(system, MAX_PATH);
-    WideString driver = WideString(system) + TEXT("\\wineps.drv");
-    WideString ppd = WritePpd();
-    WCHAR environment[] = TEXT("Windows x64");
-    DRIVER_INFO_3W info = {};
-    info.cVersion = 3;
-    info.pName = name;
-    info.pEnvironment = environment;
-    info.pDriverPath = driver.data();
-    info.pDataFile = ppd.data();
-    info.pConfigFile = driver.data();
-    return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
-                               APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) ||
-           GetLastError() == ERROR_PRINTER_DRIVER_ALREADY_INSTALLED;
-}
-
-bool InstallPostScriptPrinter() {
-    WCHAR name[] = TEXT("Peer");
-    if (!InstallPostScriptDriver(name)) {
-        return false;
-    }
-    computer::RemovePrinter(postScriptPrinter);
-    WCHAR port[] = TEXT("FILE:");
-    WCHAR processor[] = TEXT("wineps");
-    WCHAR datatype[] = TEXT("RAW");
-    PRINTER_INFO_2W info = {};
-    info.pPrinterName = postScriptPrinter.data();
-    info.pDriverName = name;
-    info.pPortName = port;
-    info.pPrintProcessor = processor;
-    info.pDatatype = datatype;
-    HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));
-    return printer != nullptr && ClosePrinter(printer);
-}
 
 HANDLE Open(WideString& name) {
     HANDLE printer = nullptr;
@@ -135,7 +74,7 @@ double MicrosecondsPerCall(const std::function<LONG()>& call) {
 int main() {
     if (const std::string reason =
             computer::InstallPrinter({cardPrinter, TEXT("Mirv KP-41"), {}, {}});
-        !reason.empty() || !InstallPostScriptPrinter()) {
+        !reason.empty() || !InstallPostScriptPrinter(postScriptPrinter)) {
         std::fprintf(stderr, "the printers cannot be added: %s\n", reason.c_str());
         return 1;
     }
