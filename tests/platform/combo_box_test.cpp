@@ -60,6 +60,16 @@ class ComboBoxTest : public test::WindowTest {
     }
 };
 
+TEST_F(ComboBoxTest, HoldingTheListDoesNotShowAHiddenBox) {
+    Make(CBS_DROPDOWNLIST);
+    ShowWindow(control_, SW_HIDE);
+    Send(WM_SETREDRAW, FALSE);
+    SendText(CB_ADDSTRING, 0, TEXT("apple"));
+    Send(WM_SETREDRAW, TRUE);
+    EXPECT_FALSE(IsWindowVisible(control_));
+    EXPECT_EQ(Send(CB_GETCOUNT), 1);
+}
+
 TEST_F(ComboBoxTest, KeepsItemsAndTheirData) {
     Make(CBS_DROPDOWNLIST, {TEXT("Apple"), TEXT("banana")});
     EXPECT_EQ(test::TextOf(control_), "");

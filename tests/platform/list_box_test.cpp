@@ -39,6 +39,16 @@ class ListBoxTest : public test::WindowTest {
     }
 };
 
+TEST_F(ListBoxTest, WaitsWithPaintingWhileItIsHeld) {
+    Make(0, false);
+    ValidateRect(control_, nullptr);
+    Send(WM_SETREDRAW, FALSE);
+    Add(TEXT("apple"));
+    EXPECT_FALSE(GetUpdateRect(control_, nullptr, FALSE));
+    Send(WM_SETREDRAW, TRUE);
+    EXPECT_TRUE(GetUpdateRect(control_, nullptr, FALSE));
+}
+
 TEST_F(ListBoxTest, KeepsItemsInOrderWithTheirData) {
     Make(0, false);
     EXPECT_EQ(Add(TEXT("Apple")), 0);

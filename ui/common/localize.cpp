@@ -44,6 +44,9 @@ void LocalizeItem(HWND box, const ItemMessages& messages, WPARAM position) {
     const LRESULT data = SendMessageW(box, messages.Data, position, 0);
     WCHAR translated[kTextLength];
     LookupString(text, translated);
+    if (TextEquals(text, translated)) {
+        return;
+    }
     SendMessageW(box, messages.Remove, position, 0);
     SendMessageW(box, messages.Insert, position, reinterpret_cast<LPARAM>(translated));
     if (data != kItemError) {
@@ -57,9 +60,11 @@ int LocalizeItems(HWND box, const ItemMessages& messages) {
         return 0;
     }
     const LRESULT selection = SendMessageW(box, messages.Selection, 0, 0);
+    SendMessageW(box, WM_SETREDRAW, FALSE, 0);  // the box has it for its list
     for (LRESULT position = 0; position < count; ++position) {
         LocalizeItem(box, messages, static_cast<WPARAM>(position));
     }
+    SendMessageW(box, WM_SETREDRAW, TRUE, 0);
     const LRESULT restored = SendMessageW(box, messages.Select, static_cast<WPARAM>(selection), 0);
     return restored != kItemError;
 }
@@ -83,7 +88,9 @@ void LocalizeListView(HWND listView, int count) {
 
 void LocalizeText(HWND window) {
     WCHAR text[kControlTextLength] = {};
-    GetWindowTextW(window, text, kControlTextLength);
+    if (GetWindowTextW(window, text, kControlTextLength) == 0) {
+        return;
+    }
     WCHAR translated[kTextLength];
     LookupString(text, translated);
     if (!TextEquals(text, translated)) {  // an edit control would tell of a change

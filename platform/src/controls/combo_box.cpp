@@ -238,6 +238,10 @@ LRESULT ComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
                 Arrange();
             }
             return 0;
+        case WM_SETREDRAW:
+            Hold(wParam == FALSE);
+            SendMessageW(list_, message, wParam, lParam);
+            return 0;
         case WM_ENABLE:
             EnableWindow(list_, wParam != FALSE);
             Redraw();

@@ -37,7 +37,16 @@ class Control {
     DWORD Style() const;
     RECT Client() const;
     bool HasFocus() const { return GetFocus() == window_; }
-    void Redraw() const { InvalidateRect(window_, nullptr, TRUE); }
+    void Redraw() const {
+        if (!isHeld_) {
+            InvalidateRect(window_, nullptr, TRUE);
+        }
+    }
+    /// For classes that answer WM_SETREDRAW themselves: nothing is redrawn while they are held.
+    void Hold(bool held) {
+        isHeld_ = held;
+        Redraw();
+    }
 
     /// Sends WM_COMMAND with a notification to the parent.
     void NotifyCommand(UINT code) const;
@@ -61,6 +70,7 @@ class Control {
     HFONT font_ = nullptr;
 
   private:
+    bool isHeld_ = false;
     NMHDR Header(UINT code) const;
     LRESULT SendHeader(NMHDR* header) const;
     void PaintInto(HDC context);

@@ -142,6 +142,9 @@ LRESULT ListBox::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
+        case WM_SETREDRAW:
+            Hold(wParam == FALSE);
+            return 0;
         case WM_SIZE:
             FitHeight();
             SetTop(top_);
