@@ -41,7 +41,7 @@ class ListBoxTest : public test::WindowTest {
 
 TEST_F(ListBoxTest, WaitsWithPaintingWhileItIsHeld) {
     Make(0, false);
-    ValidateRect(control_, nullptr);
+    UpdateWindow(control_);
     Send(WM_SETREDRAW, FALSE);
     Add(TEXT("apple"));
     EXPECT_FALSE(GetUpdateRect(control_, nullptr, FALSE));

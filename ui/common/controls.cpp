@@ -20,12 +20,20 @@ void Fill(HWND list, std::span<const WCHAR* const> texts, bool translated) {
 
 }  // namespace
 
+// Each of these asks the window system only for what changes something.
+
 void ShowControl(HWND dialog, int control, bool shown) {
-    ShowWindow(GetDlgItem(dialog, control), shown ? SW_SHOW : SW_HIDE);
+    HWND window = GetDlgItem(dialog, control);
+    if (((GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0) != shown) {
+        ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
+    }
 }
 
 void EnableControl(HWND dialog, int control, bool enabled) {
-    EnableWindow(GetDlgItem(dialog, control), enabled);
+    HWND window = GetDlgItem(dialog, control);
+    if ((IsWindowEnabled(window) != 0) != enabled) {
+        EnableWindow(window, enabled);
+    }
 }
 
 void CheckControl(HWND dialog, int control, bool checked) {

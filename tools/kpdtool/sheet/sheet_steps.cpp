@@ -282,12 +282,7 @@ void SheetRun::Choose(const Step& step) {
 
 void SheetRun::Click(const Step& step) {
     const Control control = FindUsable(step.words[0], kButton | kStatic, "button");
-    if (control.kind == kButton) {
-        SetFocus(control.window);
-        SendMessageW(control.window, BM_CLICK, 0, 0);
-        return;
-    }
-    if ((StyleOf(control) & SS_NOTIFY) == 0) {
+    if (control.kind == kStatic && (StyleOf(control) & SS_NOTIFY) == 0) {
         throw ToolError(NameOf(step.words[0]) + " is a text that takes no clicks");
     }
     ClickAt(control.window, 1, 1);

@@ -1,8 +1,8 @@
 // The page's pictures. All places on the card are in pixels of its canvas, from its top left.
 #include "ui/pages/device_options/card_preview.h"
 
+#include "resources/resource.h"
 #include "ui/common/controls.h"
-#include "ui/pages/device_options/option_controls.h"
 
 namespace {
 
@@ -95,10 +95,8 @@ LONG ShortSide(LONG longSide) {
     return static_cast<LONG>(static_cast<float>(longSide) * 150.0f / 240.0f + 0.5f);
 }
 
-void DrawCardSide(HWND dialog, PictureSet& pictures, HDC context, const DevModeRecord& record,
-                  const SideControls& controls) {
-    const CardSide& side = controls.Side;
-    const RECT preview = ControlArea(dialog, controls.Preview);
+void DrawCardSide(PictureSet& pictures, HDC context, const RECT& preview,
+                  const DevModeRecord& record, const CardSide& side) {
     FillWithTiles(pictures, context, preview);
     if ((record.Private.PrintSides & side.Bit) == 0) {
         return;
@@ -118,14 +116,14 @@ void DrawCardSide(HWND dialog, PictureSet& pictures, HDC context, const DevModeR
     StretchSmoothly(context, PlaceOfCard(preview, shape.IsPortrait), canvas.get(), shape.Size);
 }
 
-void DrawPageOrder(HWND dialog, PictureSet& pictures, HDC context, const DevModeRecord& record) {
+void DrawPageOrder(PictureSet& pictures, HDC context, const RECT& area,
+                   const DevModeRecord& record) {
     const BYTE sides = record.Private.PrintSides & (kFrontSide | kBackSide);
-    if (sides == 0 || GetDlgItem(dialog, IDC_PAGE_ORDER) == nullptr) {
+    if (sides == 0) {
         return;
     }
     const int which = sides == kFrontSide ? 1 : sides == kBackSide ? 2 : 0;
     const CardShape& shape = ShapeOf(record.Public.dmOrientation == DMORIENT_PORTRAIT);
-    const RECT area = ControlArea(dialog, IDC_PAGE_ORDER);
     DrawBitmap(pictures, context, area.left, area.top, shape.FirstPageOrder + which, &area);
 }
 
@@ -190,19 +188,20 @@ bool ShowsBackPreview(const DriverContext& context) {
 
 void PaintDeviceOptions(HWND dialog, DriverContext& context, HDC target, const RECT& asked) {
     const DevModeRecord& record = context.WorkingDevMode;
-    const auto isAsked = [&](int control) {
+    PictureSet pictures;
+    // A picture outside the part to be painted is not drawn; a missing control has an empty area.
+    const auto paint = [&](int control, auto draw) {
         RECT common;
         const RECT area = ControlArea(dialog, control);
-        return IntersectRect(&common, &area, &asked) != 0;
+        if (IntersectRect(&common, &area, &asked)) {
+            draw(area);
+        }
     };
-    PictureSet pictures;
-    if (isAsked(IDC_FRONT_PREVIEW)) {
-        DrawCardSide(dialog, pictures, target, record, kFrontControls);
+    paint(IDC_FRONT_PREVIEW,
+          [&](const RECT& area) { DrawCardSide(pictures, target, area, record, kFront); });
+    if (ShowsBackPreview(context)) {
+        paint(IDC_BACK_PREVIEW,
+              [&](const RECT& area) { DrawCardSide(pictures, target, area, record, kBack); });
     }
-    if (ShowsBackPreview(context) && isAsked(IDC_BACK_PREVIEW)) {
-        DrawCardSide(dialog, pictures, target, record, kBackControls);
-    }
-    if (isAsked(IDC_PAGE_ORDER)) {
-        DrawPageOrder(dialog, pictures, target, record);
-    }
+    paint(IDC_PAGE_ORDER, [&](const RECT& area) { DrawPageOrder(pictures, target, area, record); });
 }
