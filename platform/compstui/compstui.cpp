@@ -46,102 +46,180 @@ INT_PTR CALLBACK EmptyPageProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
 }
 
-// A page on the way to the sheet. Its address is the handle that the sheet function knows it by.
-struct Page {
-    HPROPSHEETPAGE handle = nullptr;
-    std::unique_ptr<EmptyTemplate> empty;
-};
+struct Session;
 
-// The sheet function and its pages. Its address is the handle by which the function calls back.
-struct Session {
+// A sheet function: the one the sheet is opened with, or one that another added. Its address is the
+// handle by which the function calls back.
+struct Node {
+    Session* session = nullptr;
+    Node* parent = nullptr;
     PFNPROPSHEETUI function = nullptr;
     PROPSHEETUI_INFO info = {};
-    std::list<Page> pages;
-    bool opened = false;
 
     LONG Call(WORD reason, LPARAM parameter) {
         info.Reason = reason;
         return function(&info, parameter);
     }
-    ~Session() {
-        for (const Page& page : pages) {
-            if (!opened) {  // no sheet has taken it
-                DestroyPropertySheetPage(page.handle);
-            }
-        }
-        Call(PROPSHEETUI_REASON_DESTROY, 0);
-    }
 };
 
-LONG_PTR AddPage(Session& session, const PROPSHEETPAGEW* given) {
-    if (given == nullptr || session.opened || session.pages.size() >= MAXPROPPAGES) {
-        return 0;
-    }
-    PROPSHEETPAGEW page = {};
+// A page on the way to the sheet. Its address is the handle that its sheet function knows it by.
+struct Page {
+    Node* owner = nullptr;
+    HPROPSHEETPAGE handle = nullptr;
     std::unique_ptr<EmptyTemplate> empty;
-    // A page of a template and a procedure, or of nothing at all.
-    if (given->pszTemplate == nullptr && given->pfnDlgProc == nullptr) {
-        empty = std::make_unique<EmptyTemplate>();
-        page.dwSize = sizeof(page);
-        page.dwFlags = PSP_DLGINDIRECT;
-        page.hInstance = given->hInstance;
-        page.pResource = empty->Get();
-        page.pfnDlgProc = EmptyPageProcedure;
-        given = &page;
+};
+
+struct Session {
+    std::list<Node> nodes;  // each after the one that added it
+    std::list<Page> pages;
+    bool opened = false;
+
+    ~Session() { Withdraw(0, 0); }
+    void Withdraw(size_t pagesKept, size_t nodesKept);
+};
+
+// Takes back what was added last, down to what is kept: pages that no sheet was given yet, and the
+// functions, which release what they hold.
+void Session::Withdraw(size_t pagesKept, size_t nodesKept) {
+    for (; pages.size() > pagesKept; pages.pop_back()) {
+        if (!opened) {
+            DestroyPropertySheetPage(pages.back().handle);
+        }
     }
-    const HPROPSHEETPAGE handle = CreatePropertySheetPageW(given);
+    for (; nodes.size() > nodesKept; nodes.pop_back()) {
+        nodes.back().Call(PROPSHEETUI_REASON_DESTROY, 0);
+    }
+}
+
+LONG_PTR CALLBACK ComPropSheet(HANDLE sheet, UINT function, LPARAM first, LPARAM second);
+
+// Makes a sheet function known and has it add its pages. Gives its handle, or null with the error.
+Node* AddFunction(Session& session, Node* parent, PFNPROPSHEETUI function, LPARAM parameter,
+                  LONG* error) {
+    const size_t pagesBefore = session.pages.size();
+    const size_t nodesBefore = session.nodes.size();
+    Node& node = session.nodes.emplace_back();
+    node = {&session, parent, function, {}};
+    node.info.cbSize = sizeof(node.info);
+    node.info.lParamInit = parameter;
+    node.Call(kReasonBeforeInit, parameter);
+
+    node.info = {};
+    node.info.cbSize = sizeof(node.info);
+    node.info.Version = PROPSHEETUI_INFO_VERSION;
+    node.info.Flags = PSUIINFO_UNICODE;
+    node.info.hComPropSheet = &node;
+    node.info.pfnComPropSheet = ComPropSheet;
+    node.info.lParamInit = parameter;
+    node.info.Result = CPSUI_CANCEL;
+    const LONG status = node.Call(PROPSHEETUI_REASON_INIT, parameter);
+    if (status > 0) {
+        return &node;
+    }
+    *error = std::min(status, LONG{ERR_CPSUI_GETLASTERROR});
+    session.Withdraw(pagesBefore, nodesBefore);
+    return nullptr;
+}
+
+LONG_PTR AddPage(Node& node, HPROPSHEETPAGE handle, std::unique_ptr<EmptyTemplate> empty) {
     if (handle == nullptr) {
         return 0;
     }
-    session.pages.push_back({handle, std::move(empty)});
-    return reinterpret_cast<LONG_PTR>(&session.pages.back());
+    Page& page = node.session->pages.emplace_back();
+    page.owner = &node;
+    page.handle = handle;
+    page.empty = std::move(empty);
+    return reinterpret_cast<LONG_PTR>(&page);
 }
 
-// Tells the sheet function what one of its pages reports. Gives how many functions were told.
-LONG_PTR SetResult(Session& session, LPARAM handle, LPARAM result) {
-    const bool known = std::ranges::any_of(
-        session.pages, [&](const Page& page) { return reinterpret_cast<LPARAM>(&page) == handle; });
-    if (!known) {
+LONG_PTR AddDescribedPage(Node& node, const PROPSHEETPAGEW* given) {
+    if (given == nullptr) {
+        return 0;
+    }
+    // A page of a template and a procedure, or of nothing at all.
+    if (given->pszTemplate != nullptr || given->pfnDlgProc != nullptr) {
+        return AddPage(node, CreatePropertySheetPageW(given), nullptr);
+    }
+    auto empty = std::make_unique<EmptyTemplate>();
+    PROPSHEETPAGEW page = {};
+    page.dwSize = sizeof(page);
+    page.dwFlags = PSP_DLGINDIRECT;
+    page.hInstance = given->hInstance;
+    page.pResource = empty->Get();
+    page.pfnDlgProc = EmptyPageProcedure;
+    return AddPage(node, CreatePropertySheetPageW(&page), std::move(empty));
+}
+
+// Tells the function that owns the page, and those above it, what the page reports: each what the
+// one below made of it. Gives how many were told.
+LONG_PTR SetResult(Node& caller, LPARAM handle, LPARAM result) {
+    const auto& pages = caller.session->pages;
+    const auto page = std::find_if(pages.begin(), pages.end(), [&](const Page& candidate) {
+        return reinterpret_cast<LPARAM>(&candidate) == handle;
+    });
+    if (page == pages.end()) {
         return 0;
     }
     SETRESULT_INFO told = {};
     told.cbSize = sizeof(told);
     told.hSetResult = reinterpret_cast<HANDLE>(handle);
     told.Result = result;
-    session.Call(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&told));
-    return 1;
+    LONG_PTR count = 0;
+    for (Node* node = page->owner; node != nullptr; node = node->parent) {
+        ++count;
+        if (node->Call(PROPSHEETUI_REASON_SET_RESULT, reinterpret_cast<LPARAM>(&told)) <= 0) {
+            break;
+        }
+        told.hSetResult = node;
+        told.Result = static_cast<LRESULT>(node->info.Result);
+    }
+    return count;
 }
 
 LONG_PTR CALLBACK ComPropSheet(HANDLE sheet, UINT function, LPARAM first, LPARAM second) {
     if (sheet == nullptr) {
         return ERR_CPSUI_INVALID_PDATA;
     }
-    Session& session = *static_cast<Session*>(sheet);
+    Node& node = *static_cast<Node*>(sheet);
+    Session& session = *node.session;
+    const bool adds = function == CPSFUNC_ADD_HPROPSHEETPAGE ||
+                      function == CPSFUNC_ADD_PROPSHEETPAGEW ||
+                      function == CPSFUNC_ADD_PFNPROPSHEETUIW;
+    if (adds && (session.opened || session.pages.size() >= MAXPROPPAGES)) {
+        return 0;
+    }
     switch (function) {
+        case CPSFUNC_ADD_HPROPSHEETPAGE:
+            return AddPage(node, reinterpret_cast<HPROPSHEETPAGE>(first), nullptr);
         case CPSFUNC_ADD_PROPSHEETPAGEW:
-            return AddPage(session, reinterpret_cast<const PROPSHEETPAGEW*>(first));
+            return AddDescribedPage(node, reinterpret_cast<const PROPSHEETPAGEW*>(first));
+        case CPSFUNC_ADD_PFNPROPSHEETUIW: {
+            LONG error;
+            return first == 0 ? 0
+                              : reinterpret_cast<LONG_PTR>(AddFunction(
+                                    session, &node, reinterpret_cast<PFNPROPSHEETUI>(first), second,
+                                    &error));
+        }
+        case CPSFUNC_GET_PAGECOUNT:
+            return static_cast<LONG_PTR>(session.pages.size());
         case CPSFUNC_SET_RESULT:
-            return SetResult(session, first, second);
+            return SetResult(node, first, second);
         default:
             return ERR_CPSUI_FUNCTION_NOT_IMPLEMENTED;
     }
 }
 
-// Has the sheet function add its pages. Gives what it answers.
-LONG Initialise(Session& session, LPARAM parameter) {
-    session.info.cbSize = sizeof(session.info);
-    session.info.lParamInit = parameter;
-    session.Call(kReasonBeforeInit, parameter);
-
-    session.info = {};
-    session.info.cbSize = sizeof(session.info);
-    session.info.Version = PROPSHEETUI_INFO_VERSION;
-    session.info.Flags = PSUIINFO_UNICODE;
-    session.info.hComPropSheet = &session;
-    session.info.pfnComPropSheet = ComPropSheet;
-    session.info.lParamInit = parameter;
-    session.info.Result = CPSUI_CANCEL;
-    return session.Call(PROPSHEETUI_REASON_INIT, parameter);
+void UseIcon(const PROPSHEETUI_INFO_HEADER& from, PROPSHEETHEADERW& header) {
+    if ((from.Flags & PSUIHDRF_USEHICON) != 0) {
+        header.dwFlags |= PSH_USEHICON;
+        header.hIcon = from.hIcon;
+        return;
+    }
+    // The numbers from the first on are the library's own icons, of which there are none here.
+    if (from.IconID != 0 && from.IconID < IDI_CPSUI_ICONID_FIRST) {
+        header.dwFlags |= PSH_USEICONID;
+        header.pszIcon = MAKEINTRESOURCEW(from.IconID);
+    }
 }
 
 // Shows the sheet with all pages until it is closed. Gives what PropertySheetW gives, or an error.
@@ -149,8 +227,8 @@ INT_PTR Open(Session& session, HWND owner) {
     PROPSHEETUI_INFO_HEADER asked = {};
     asked.cbSize = sizeof(asked);
     asked.hWndParent = owner;
-    const LONG status =
-        session.Call(PROPSHEETUI_REASON_GET_INFO_HEADER, reinterpret_cast<LPARAM>(&asked));
+    const LONG status = session.nodes.front().Call(PROPSHEETUI_REASON_GET_INFO_HEADER,
+                                                   reinterpret_cast<LPARAM>(&asked));
     if (status <= 0) {
         return std::min(status, LONG{ERR_CPSUI_GETLASTERROR});
     }
@@ -164,6 +242,7 @@ INT_PTR Open(Session& session, HWND owner) {
     header.hwndParent = asked.hWndParent;
     header.hInstance = asked.hInst;
     header.pszCaption = asked.pTitle;
+    UseIcon(asked, header);
     std::vector<HPROPSHEETPAGE> handles;
     for (Page& page : session.pages) {
         if (page.empty != nullptr && !IS_INTRESOURCE(asked.pTitle)) {
@@ -188,14 +267,18 @@ LONG APIENTRY CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI function, LPARAM
     DWORD ignored;
     DWORD& outcome = result == nullptr ? ignored : *result;
     outcome = CPSUI_CANCEL;
-    Session session = {function, {}, {}, false};
-    LONG_PTR status = Initialise(session, parameter);
-    if (status > 0) {
-        status = Open(session, owner);
-        if (status >= 0) {
-            outcome = static_cast<DWORD>(session.info.Result);
-            return 1;
-        }
+    Session session;
+    LONG error = 0;
+    const Node* root = AddFunction(session, nullptr, function, parameter, &error);
+    if (root == nullptr) {
+        return error;
     }
-    return static_cast<LONG>(std::min(status, LONG_PTR{ERR_CPSUI_GETLASTERROR}));
+    const INT_PTR closed = Open(session, owner);
+    if (closed < 0) {
+        return static_cast<LONG>(closed);
+    }
+    outcome = closed == ID_PSRESTARTWINDOWS || closed == ID_PSREBOOTSYSTEM
+                  ? static_cast<DWORD>(closed)
+                  : static_cast<DWORD>(root->info.Result);
+    return 1;
 }

@@ -5,7 +5,10 @@
 #include <windows.h>
 
 // What the library's callback does for a sheet function.
+#define CPSFUNC_ADD_HPROPSHEETPAGE 0
 #define CPSFUNC_ADD_PROPSHEETPAGEW 1
+#define CPSFUNC_ADD_PFNPROPSHEETUIW 5
+#define CPSFUNC_GET_PAGECOUNT 8
 #define CPSFUNC_SET_RESULT 9
 
 // Why a sheet function is called.
@@ -18,6 +21,8 @@
 
 #define PSUIHDRF_NOAPPLYNOW 2
 #define PSUIHDRF_PROPTITLE 4
+#define PSUIHDRF_USEHICON 8
+#define IDI_CPSUI_ICONID_FIRST 64000
 
 #define CPSUI_CANCEL 0
 #define CPSUI_OK 1

@@ -22,7 +22,9 @@ struct Script {
     LONG headerStatus = 1;
     bool empty = false;  ///< its pages name nothing
     WORD flags = PSUIHDRF_NOAPPLYNOW;
+    Script* nested = nullptr;
     LONG_PTR report = CPSUI_OK;  ///< by its pages at PSN_APPLY; -1 none
+    bool passesOn = true;        ///< takes over the results that it is told
 
     std::vector<WORD> layout = {};
     PROPSHEETUI_INFO info = {};  ///< as at the initialisation
@@ -53,6 +55,8 @@ LONG_PTR Add(const PROPSHEETUI_INFO& info, UINT function, const void* what, LPAR
                                 parameter);
 }
 
+LONG SheetFunction(PROPSHEETUI_INFO* info, LPARAM parameter);
+
 LONG Initialise(PROPSHEETUI_INFO* info, LPARAM parameter) {
     Script& script = *reinterpret_cast<Script*>(parameter);
     EXPECT_EQ(info->Version, PROPSHEETUI_INFO_VERSION);
@@ -71,6 +75,12 @@ LONG Initialise(PROPSHEETUI_INFO* info, LPARAM parameter) {
     for (int i = 0; i < script.pages; ++i) {
         script.handles.push_back(Add(*info, CPSFUNC_ADD_PROPSHEETPAGEW, &page));
         EXPECT_NE(script.handles.back(), 0);
+    }
+    if (script.nested != nullptr) {
+        const LONG_PTR handle =
+            Add(*info, CPSFUNC_ADD_PFNPROPSHEETUIW, reinterpret_cast<const void*>(SheetFunction),
+                reinterpret_cast<LPARAM>(script.nested));
+        Say(handle != 0 ? "nested" : "not nested");
     }
     return script.initStatus;
 }
@@ -96,7 +106,7 @@ LONG SheetFunction(PROPSHEETUI_INFO* info, LPARAM parameter) {
             header.pTitle = title;
             header.Flags = script.flags;
             header.hInst = GetModuleHandleW(nullptr);
-            header.IconID = 64062;
+            header.IconID = IDI_CPSUI_ICONID_FIRST + 62;
             return script.headerStatus;
         }
         case PROPSHEETUI_REASON_SET_RESULT: {
@@ -105,7 +115,7 @@ LONG SheetFunction(PROPSHEETUI_INFO* info, LPARAM parameter) {
             EXPECT_EQ(info->UserData, 4711u);
             Say(std::to_string(told.Result));
             info->Result = static_cast<ULONG_PTR>(told.Result);
-            return 1;
+            return script.passesOn ? 1 : 0;
         }
     }
     EXPECT_EQ(info->UserData, 4711u) << info->Reason;
@@ -197,6 +207,34 @@ TEST_F(CompstuiTest, WithoutASheetTheFunctionIsToldOnlyWhatItNeeds) {
     }
 }
 
+TEST_F(CompstuiTest, AFunctionOfAFunctionReportsThroughIt) {
+    const struct {
+        LONG nestedStatus;
+        bool passesOn;
+        const char* outcome;
+        const char* asked;
+    } cases[] = {
+        {1, true, "1 1",
+         "A before; A init; B before; B init; nested; A header; B result; 1; A result; 1; told 2; "
+         "B destroy; A destroy"},
+        {1, false, "1 0",
+         "A before; A init; B before; B init; nested; A header; B result; 1; told 1; "
+         "B destroy; A destroy"},
+        {-1, true, "1 0",
+         "A before; A init; B before; B init; B destroy; not nested; "
+         "A header; A destroy"},
+    };
+    for (const auto& oneCase : cases) {
+        Script inner{.name = "B", .initStatus = oneCase.nestedStatus, .passesOn = oneCase.passesOn};
+        Script outer{.name = "A", .nested = &inner, .report = -1};
+        said.clear();
+        test::RunInLoop([] { SendMessageW(test::ShownSheet(), PSM_SETCURSEL, 1, 0); });
+        test::PressInSheet(PSBTN_OK);
+        EXPECT_EQ(Open(outer), oneCase.outcome);
+        EXPECT_EQ(said, oneCase.asked);
+    }
+}
+
 TEST_F(CompstuiTest, APageOfNothingIsEmptyAndTitledAsTheSheet) {
     Script script{.name = "A", .empty = true};
     test::RunInLoop([] {
@@ -217,6 +255,8 @@ TEST_F(CompstuiTest, WhatTheLibraryCannotDoItRefuses) {
         if (info->Reason == PROPSHEETUI_REASON_INIT) {
             EXPECT_EQ(Add(*info, CPSFUNC_ADD_PROPSHEETPAGEW, nullptr), 0);
             EXPECT_EQ(Add(*info, CPSFUNC_ADD_PROPSHEETPAGEW, &damaged), 0);
+            EXPECT_EQ(Add(*info, CPSFUNC_ADD_HPROPSHEETPAGE, nullptr), 0);
+            EXPECT_EQ(Add(*info, CPSFUNC_ADD_PFNPROPSHEETUIW, nullptr), 0);
             EXPECT_EQ(Add(*info, CPSFUNC_SET_RESULT, &damaged, CPSUI_OK), 0);
             EXPECT_LT(Add(*info, 99, nullptr), 0);
         }
