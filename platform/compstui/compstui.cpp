@@ -200,25 +200,10 @@ LONG_PTR CALLBACK ComPropSheet(HANDLE sheet, UINT function, LPARAM first, LPARAM
                                     session, &node, reinterpret_cast<PFNPROPSHEETUI>(first), second,
                                     &error));
         }
-        case CPSFUNC_GET_PAGECOUNT:
-            return static_cast<LONG_PTR>(session.pages.size());
         case CPSFUNC_SET_RESULT:
             return SetResult(node, first, second);
         default:
             return ERR_CPSUI_FUNCTION_NOT_IMPLEMENTED;
-    }
-}
-
-void UseIcon(const PROPSHEETUI_INFO_HEADER& from, PROPSHEETHEADERW& header) {
-    if ((from.Flags & PSUIHDRF_USEHICON) != 0) {
-        header.dwFlags |= PSH_USEHICON;
-        header.hIcon = from.hIcon;
-        return;
-    }
-    // The numbers from the first on are the library's own icons, of which there are none here.
-    if (from.IconID != 0 && from.IconID < IDI_CPSUI_ICONID_FIRST) {
-        header.dwFlags |= PSH_USEICONID;
-        header.pszIcon = MAKEINTRESOURCEW(from.IconID);
     }
 }
 
@@ -242,7 +227,6 @@ INT_PTR Open(Session& session, HWND owner) {
     header.hwndParent = asked.hWndParent;
     header.hInstance = asked.hInst;
     header.pszCaption = asked.pTitle;
-    UseIcon(asked, header);
     std::vector<HPROPSHEETPAGE> handles;
     for (Page& page : session.pages) {
         if (page.empty != nullptr && !IS_INTRESOURCE(asked.pTitle)) {
@@ -277,8 +261,6 @@ LONG APIENTRY CommonPropertySheetUIW(HWND owner, PFNPROPSHEETUI function, LPARAM
     if (closed < 0) {
         return static_cast<LONG>(closed);
     }
-    outcome = closed == ID_PSRESTARTWINDOWS || closed == ID_PSREBOOTSYSTEM
-                  ? static_cast<DWORD>(closed)
-                  : static_cast<DWORD>(root->info.Result);
+    outcome = static_cast<DWORD>(root->info.Result);
     return 1;
 }
