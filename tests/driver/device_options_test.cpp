@@ -1,6 +1,5 @@
 // The Device Options page: what it makes of a record when it opens, and what every choice does to
 // the record, to the controls, to the pictures and to the sheet.
-#include "core/merge.h"
 #include "options_page.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
@@ -9,9 +8,6 @@
 
 #include <commctrl.h>
 
-#include <cstring>
-#include <random>
-
 namespace test {
 namespace {
 
@@ -19,10 +15,6 @@ using Before = void (*)(DevModePrivate&);
 
 // Ribbons by their place in the list.
 enum RibbonItem { kYMCKO, kK, kHalf, kYMCKOK, kKO, kYMCKFO };
-
-constexpr ModelFlags kSimplex = {.duplex = 0};
-constexpr ModelFlags kDuplexOnly = {.kp41 = 0};
-constexpr ModelFlags kKP43 = {.duplex = 0, .kp41 = 0, .kp43 = 1};
 
 class DeviceOptionsTest : public OptionsPageTest {};
 
@@ -420,6 +412,25 @@ TEST_F(DeviceOptionsTest, ListsAreTranslatedAlsoWhenTheyAreFilledAnew) {
     std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
+TEST_F(DeviceOptionsTest, ACardThatEndsKOnlyOnBackLeavesTheBackEveryUse) {
+    const auto chooseCard = [&](int card) { Choose(IDC_CARD_TYPE, card); };
+    const auto chooseThickness = [&](int thickness) { Choose(IDC_THICKNESS, thickness); };
+    Open();
+    Click(IDC_K_ONLY_ON_BACK);
+    chooseCard(kAdhesiveCard);
+    chooseCard(kBlankCard);
+    Click(IDC_BACK_IMAGE);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Black by Resin K of 7");
+    Choose(IDC_BACK_RESIN, 2);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
+    EXPECT_EQ(Record().ResinOptions, kBackTextOnly);
+    Click(IDC_K_ONLY_ON_BACK);
+    chooseThickness(kThickness03);
+    chooseThickness(kThickness08);
+    Click(IDC_BACK_IMAGE);
+    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
+}
+
 TEST_F(DeviceOptionsTest, AReplacedRecordIsShown) {
     Record().CardThickness = 0;
     Open();
@@ -480,181 +491,6 @@ TEST_F(DeviceOptionsTest, TheTooltipWindowGoesWithTheUsersHelpAndWithThePage) {
         SendMessageW(page_, message, 0, 0);
         EXPECT_EQ(tooltip(), nullptr) << message;
     }
-}
-
-// ---- Whatever the user does ---------------------------------------------------------------------
-
-constexpr int kLists[] = {IDC_RIBBON, IDC_CARD_TYPE, IDC_THICKNESS, IDC_FRONT_RESIN,
-                          IDC_BACK_RESIN};
-constexpr int kBoxes[] = {IDC_K_ONLY_ON_BACK, IDC_TRANSPARENT_CARD, IDC_FRONT_IMAGE,
-                          IDC_FRONT_ROTATE,   IDC_FRONT_FLIP,       IDC_FRONT_COLOR,
-                          IDC_BACK_IMAGE,     IDC_BACK_ROTATE,      IDC_BACK_FLIP,
-                          IDC_BACK_COLOR,     IDC_NO_WHITE_SKIP,    IDC_PORTRAIT};
-
-// Choices at random among what is shown and enabled.
-class RandomUser {
-  public:
-    explicit RandomUser(unsigned seed) : random_(seed) {}
-    int Below(size_t count) { return static_cast<int>(random_() % count); }
-
-    void Spoil(DevModePrivate& record) {
-        for (BYTE* field : {&record.PrintSides, &record.ColorSides, &record.KOnlyOnBack,
-                            &record.RotateSides, &record.FlipSides, &record.BlackByYmcK,
-                            &record.TransparentCard, &record.CardThickness}) {
-            *field = static_cast<BYTE>(Below(4));
-        }
-        constexpr BYTE kClassed[] = {0, 1, 2, 3, 4, 5, 9, 10, 11, 12, 14};
-        // Often one that may leave the back to K, which most depends on.
-        record.RibbonType =
-            Below(2) == 0 ? BYTE{kRibbonYMCKO} : kClassed[Below(std::size(kClassed))];
-        record.CardType = static_cast<BYTE>(Below(6));
-        record.ResinOptions = static_cast<BYTE>(Below(256));
-        record.ResinOptions2 = static_cast<BYTE>(Below(8));
-        // Never without black by resin and colour.
-        record.BlackByYmcK &= record.ResinOptions & record.ColorSides;
-    }
-
-  private:
-    std::mt19937 random_;
-};
-
-// Where the rules and the beginning of the page differ by design; docs/decisions.md names them.
-bool MayDiffer(const DevModePrivate& record, bool choseRibbon) {
-    const bool greyAndBlack = (record.ResinOptions2 & kFront.Grey) != 0 &&
-                              (record.ResinOptions & kFront.BlackByResin) != 0;
-    return record.KOnlyOnBack != 0 || (record.BlackByYmcK != 0 && choseRibbon) || greyAndBlack;
-}
-
-// What the record says of a side after its entry of that text has been chosen.
-bool SaysEntry(const DevModePrivate& record, const CardSide& side, const std::string& entry) {
-    const int options = record.ResinOptions & side.ResinMask;
-    const bool color = (record.ColorSides & side.Bit) != 0;
-    const bool mixed = (record.BlackByYmcK & side.Bit) != 0;
-    const bool blackAndWhite = (record.ResinOptions2 & side.BlackAndWhite) != 0;
-    if (record.RibbonType == kRibbonK || record.RibbonType == kRibbonKO) {
-        const int use = options & (side.BlackByResin | side.Dither);
-        return entry == "Black/White"    ? use == side.BlackByResin
-               : entry == "Resin Dither" ? use == side.Dither
-                                         : use == 0 && (record.ResinOptions2 & side.Grey) != 0;
-    }
-    const struct {
-        const char* entry;
-        int options;
-        bool blackAndWhite, mixed;
-    } kEntries[] = {{"Disable", 0, false, false},
-                    {"Black by Resin K", side.BlackByResin, false, false},
-                    {"Text only", side.TextOnly, false, false},
-                    {"Disable doing color printing", side.ColorDisabled, false, false},
-                    {"Black/White", 0, true, false},
-                    {"Resin Dither", side.Dither, false, false},
-                    {"Black by YMC+K", side.BlackByResin, false, true}};
-    for (const auto& each : kEntries) {
-        if (entry == each.entry) {
-            const bool printsBlackAlone = each.blackAndWhite || each.options == side.Dither;
-            return options == each.options && blackAndWhite == each.blackAndWhite &&
-                   mixed == each.mixed && color != printsBlackAlone;
-        }
-    }
-    return false;
-}
-
-TEST_F(DeviceOptionsTest, ACardThatEndsKOnlyOnBackLeavesTheBackEveryUse) {
-    const auto chooseCard = [&](int card) { Choose(IDC_CARD_TYPE, card); };
-    const auto chooseThickness = [&](int thickness) { Choose(IDC_THICKNESS, thickness); };
-    Open();
-    Click(IDC_K_ONLY_ON_BACK);
-    chooseCard(kAdhesiveCard);
-    chooseCard(kBlankCard);
-    Click(IDC_BACK_IMAGE);
-    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Black by Resin K of 7");
-    Choose(IDC_BACK_RESIN, 2);
-    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
-    EXPECT_EQ(Record().ResinOptions, kBackTextOnly);
-    Click(IDC_K_ONLY_ON_BACK);
-    chooseThickness(kThickness03);
-    chooseThickness(kThickness08);
-    Click(IDC_BACK_IMAGE);
-    EXPECT_EQ(Looks(IDC_BACK_RESIN), "Text only of 7");
-}
-
-class RandomSessionTest : public DeviceOptionsTest {
-  protected:
-    /// Acts on a control if it is shown and enabled; gives the control, 0 when it is not.
-    int ActAtRandom(RandomUser& user) {
-        const size_t which = static_cast<size_t>(user.Below(std::size(kLists) + std::size(kBoxes)));
-        const bool isList = which < std::size(kLists);
-        const int control = isList ? kLists[which] : kBoxes[which - std::size(kLists)];
-        if (!IsShown(control) || !IsWindowEnabled(GetDlgItem(page_, control))) {
-            return 0;
-        }
-        const LRESULT count = SendDlgItemMessageW(page_, control, CB_GETCOUNT, 0, 0);
-        if (!isList) {
-            Click(control);
-        } else if (count > 0) {
-            Choose(control, user.Below(static_cast<size_t>(count)));
-        } else {
-            return 0;
-        }
-        return control;
-    }
-
-    /// The resin lists, also those that are hidden for now, begin with the entry that their first
-    /// place stands for. (Under ribbons that have no list there is none.)
-    bool OffersWhatChoicesDo() const {
-        const auto first = [&](int list) {
-            WCHAR text[kTextLength] = {};
-            SendDlgItemMessageW(page_, list, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(text));
-            return Narrow(text);
-        };
-        const std::string front = first(IDC_FRONT_RESIN);
-        const std::string back = first(IDC_BACK_RESIN);
-        const BYTE ribbon = Record().RibbonType;
-        if (ribbon == kRibbonK || ribbon == kRibbonKO) {
-            return front == "Black/White" && back == "Black/White";
-        }
-        return front.empty() ||
-               (front == "Disable" &&
-                back == (Record().KOnlyOnBack != 0 ? "Black by Resin K" : "Disable"));
-    }
-};
-
-TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
-    const ModelFlags models[] = {{}, kDuplexOnly, kSimplex, kKP43};
-    int compared = 0;
-    for (unsigned seed = 0; seed < 100; ++seed) {
-        RandomUser user(seed);
-        SCOPED_TRACE(seed);
-        BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
-        SetModel(models[seed % 4]);
-        user.Spoil(Record());
-        Open();
-        std::string done;
-        bool choseRibbon = false;
-        for (int action = 0; action < 20; ++action) {
-            const int control = ActAtRandom(user);
-            done += std::to_string(control) + " ";
-            choseRibbon = choseRibbon || control == IDC_RIBBON;
-            EXPECT_TRUE(OffersWhatChoicesDo()) << Options() << " after " << done;
-            if (control == IDC_FRONT_RESIN || control == IDC_BACK_RESIN) {
-                const std::string looks = Looks(control);
-                EXPECT_TRUE(SaysEntry(Record(), control == IDC_FRONT_RESIN ? kFront : kBack,
-                                      looks.substr(0, looks.find(" of "))))
-                    << looks << ": " << Options() << " after " << done;
-            }
-        }
-        DevModeRecord merged;
-        BuildDefaultDevMode(&merged, nullptr, nullptr);
-        ASSERT_EQ(MergeDevMode(&merged, &context_.WorkingDevMode.Public, nullptr), 1);
-        EXPECT_EQ(std::memcmp(&merged.Private, &Record(), sizeof(merged.Private)), 0);
-        const std::string options = Options();
-        const std::string looks = LooksOfAll();
-        Open();
-        if (Options() == options && !MayDiffer(Record(), choseRibbon)) {
-            ++compared;
-            EXPECT_EQ(LooksOfAll(), looks) << options << " after " << done;
-        }
-    }
-    EXPECT_GT(compared, 20);
 }
 
 }  // namespace

@@ -14,6 +14,9 @@ struct ModelFlags {
     DWORD kp43 = 0;
     DWORD kp49 = 0;
 };
+inline constexpr ModelFlags kSimplex = {.duplex = 0};
+inline constexpr ModelFlags kDuplexOnly = {.kp41 = 0};  ///< of no family
+inline constexpr ModelFlags kKP43 = {.duplex = 0, .kp41 = 0, .kp43 = 1};
 
 class OptionsPageTest : public WindowTest {
   protected:
