@@ -3,6 +3,8 @@
 
 #include "ui/common/language.h"
 
+#include <prsht.h>
+
 namespace {
 
 void Fill(HWND list, std::span<const WCHAR* const> texts, bool translated) {
@@ -54,6 +56,10 @@ void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
 
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
     Fill(GetDlgItem(dialog, comboBox), texts, true);
+}
+
+void TellSheetChanged(HWND dialog) {
+    SendMessageW(GetParent(dialog), PSM_CHANGED, reinterpret_cast<WPARAM>(dialog), 0);
 }
 
 RECT ControlArea(HWND dialog, int control) {

@@ -18,5 +18,8 @@ void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 /// The same with each text looked up in the current section.
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 
+/// Tells the sheet that something on the page changed.
+void TellSheetChanged(HWND dialog);
+
 /// A control's rectangle relative to its page's window.
 RECT ControlArea(HWND dialog, int control);

@@ -2,8 +2,8 @@
 #include "ui/common/numeric_field.h"
 
 #include "core/text.h"
+#include "ui/common/controls.h"
 #include "ui/common/language.h"
-#include "ui/common/page.h"
 
 #include <strsafe.h>
 

@@ -197,7 +197,3 @@ void FillPage(const Page& page, DriverContext& context) {
 DriverContext* PageContext(HWND dialog) {
     return reinterpret_cast<DriverContext*>(GetWindowLongPtrW(dialog, DWLP_USER));
 }
-
-void TellSheetChanged(HWND dialog) {
-    SendMessageW(GetParent(dialog), PSM_CHANGED, reinterpret_cast<WPARAM>(dialog), 0);
-}

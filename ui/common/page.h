@@ -68,6 +68,3 @@ void FillPage(const Page& page, DriverContext& context);
 
 /// The context of a page, from its WM_INITDIALOG on; null before.
 DriverContext* PageContext(HWND dialog);
-
-/// Tells the sheet that something on the page changed.
-void TellSheetChanged(HWND dialog);
