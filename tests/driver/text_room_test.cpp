@@ -27,8 +27,9 @@ TEST_F(TextRoomTest, EveryTextFitsInTheUserLanguage) {
         LANGID language;
         const char* file;
     } kLanguages[] = {{0x0409, nullptr}, {0x0407, "mvGerkpd.ini"}, {0x0411, "mvJpnkpd.ini"}};
-    for (const auto& [language, file] : kLanguages) {
-        if (!SetUiLanguage(language)) {
+    for (const auto& row : kLanguages) {
+        const char* file = row.file;
+        if (!SetUiLanguage(row.language)) {
             continue;
         }
         InitLanguageFile();

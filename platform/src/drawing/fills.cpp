@@ -3,7 +3,7 @@
 
 namespace host {
 
-Paint::Paint(const Context& context, const Brush* brush) : brush_(brush) {
+Paint::Paint(const Context& context, const Brush* brush) {
     if (brush == nullptr) {
         return;
     }

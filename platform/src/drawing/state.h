@@ -144,7 +144,6 @@ class Paint {
     Pixel At(int x, int y) const;
 
   private:
-    const Brush* brush_;
     Pixel color_ = 0;
     Pixel textColor_ = 0;
     Pixel backColor_ = 0;
