@@ -117,11 +117,18 @@ TEST_F(KpdtoolTest, FieldsTileTheRecord) {
     EXPECT_EQ(end, sizeof(DevModeRecord));
 }
 
-TEST_F(KpdtoolTest, LayoutIsTheDocument) {
-    std::ifstream file(KPD_SOURCE_DIR "/docs/record.md", std::ios::binary);
-    std::ostringstream document;
-    document << file.rdbuf();
-    EXPECT_EQ(Kpdtool({"layout"}).out, document.str()) << "write it with: kpdtool layout";
+TEST_F(KpdtoolTest, LayoutsAreTheDocuments) {
+    const struct {
+        const char* document;
+        std::vector<std::string> command;
+    } cases[] = {{"/docs/record.md", {"layout"}},
+                 {"/docs/settings-file.md", {"settings", "layout"}}};
+    for (const auto& c : cases) {
+        std::ifstream file(std::string(KPD_SOURCE_DIR) + c.document, std::ios::binary);
+        std::ostringstream document;
+        document << file.rdbuf();
+        EXPECT_EQ(Kpdtool(c.command).out, document.str()) << "kpdtool writes " << c.document;
+    }
     EXPECT_EQ(Json::parse(Kpdtool({"layout", "--json"}).out)["fields"].size(),
               kpdtool::RecordFields().size());
 }

@@ -10,7 +10,7 @@ namespace kpdtool {
 
 // Each in the file of its name.
 Declare DeclareCaps, DeclareRecord, DeclareShow, DeclareDiff, DeclareConvert, DeclareSheet,
-    DeclareLayout;
+    DeclareSettings, DeclareLayout;
 
 namespace {
 
@@ -35,6 +35,8 @@ constexpr CommandRow kCommands[] = {
      "kpdtool convert --mode 1 --in old.dm --out new.dm", DeclareConvert},
     {"sheet", "Open the document sheet, do a script's steps, tell what changed",
      "kpdtool sheet --script tools/samples/tour.sheet --pictures out/pages", DeclareSheet},
+    {"settings", "Decode, write, apply and compare settings files",
+     "kpdtool settings show Export.mcs", DeclareSettings},
     {"layout", "Print the layout of the record as docs/record.md has it",
      "kpdtool layout > docs/record.md", DeclareLayout},
 };
