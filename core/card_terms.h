@@ -40,3 +40,21 @@ inline constexpr CardForm CardFormTable[] = {
     {560, 544, 859, TEXT("CR-80 Card"), 401},
     {561, 544, 1441, TEXT("CR-80 Long Card"), 402},
 };
+
+/// A card's extents in dots at 300 dpi, whatever its orientation.
+struct CardExtent {
+    SHORT PaperSize;
+    int Short;
+    int Long;
+};
+inline constexpr CardExtent CardExtentTable[] = {{560, 642, 1014}, {561, 642, 1700}};
+
+/// The row of a paper size, the first for one that has none.
+constexpr const CardExtent& CardExtentOf(SHORT paperSize) {
+    for (const CardExtent& row : CardExtentTable) {
+        if (row.PaperSize == paperSize) {
+            return row;
+        }
+    }
+    return CardExtentTable[0];
+}

@@ -108,6 +108,9 @@ def main():
     for is_portrait, name in FORMATS:
         images = [motifs.icon(size, is_portrait) for size in motifs.ICONS]
         (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico(images))
+    for name in motifs.ADJUSTMENTS:
+        icon = motifs.adjustment_icon(name)
+        (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico([icon]))
 
 
 if __name__ == "__main__":

@@ -26,6 +26,10 @@ JACKET = "#C2476B"
 GOLD = ("#FAE9B0", "#CF9F3C")
 GOLD_LINE = "#7E5E1C"
 
+SUN = "#F0A323"
+RED, GREEN, BLUE = "#DC4A45", "#3FA658", "#3B62C4"
+CYAN, MAGENTA, YELLOW = "#22B3DE", "#DA3E97", "#F7D633"
+
 # The colours that stay as they are where a palette has too few for all
 FLAT_COLORS = [ImageColor.getrgb(color) for color in (
     WHITE, BLACK, INK, PAPER, CARD, DESK, DESK_DOT, DESK_EDGE, STRIPE, FIRST, SECOND,
@@ -381,4 +385,65 @@ def icon(size, is_portrait):
     (x, y, width, height), line = ICONS[size]
     canvas = Canvas(size, size)
     card(canvas, (y, x, height, width) if is_portrait else (x, y, width, height), line, card_front)
+    return canvas.picture()
+
+
+# The icons of the adjustments, 32 pixels square: what a slider's ends stand for
+
+def sun(canvas):
+    canvas.fill(ellipse(16, 16, 6, 6), SUN)
+    rays = ((16, 3, 16, 7), (16, 25, 16, 29), (3, 16, 7, 16), (25, 16, 29, 16), (7, 7, 9.5, 9.5),
+            (22.5, 22.5, 25, 25), (7, 25, 9.5, 22.5), (22.5, 9.5, 25, 7))
+    for ray in rays:
+        canvas.fill(stroke(2.4, "M{} {} {} {}".format(*ray)), SUN)
+
+
+def half_disc(canvas):
+    canvas.fill(ellipse(16, 16, 11, 11), WHITE)
+    canvas.fill(area("M16 5 C1.5 5 1.5 27 16 27 Z"), INK)
+    canvas.fill(stroke(1.6, "M16 5 C30.5 5 30.5 27 16 27 C1.5 27 1.5 5 16 5"), INK)
+
+
+def soft_and_sharp(canvas):
+    """A hill whose left side is soft and whose right side has an edge."""
+    for step in range(6):
+        canvas.fill(stroke(1.8, f"M{5 + 2 * step} 26 {5 + 2 * step} {24 - 3 * step}"),
+                    DESK_EDGE if step < 3 else PHOTO)
+    canvas.fill(area("M16 6 26 26 16 26 Z"), FIRST)
+    canvas.fill(stroke(1.8, "M16 6 26 26 4 26"), INK)
+
+
+def three_discs(canvas):
+    for x, y, color in ((16, 11.5, RED), (11.5, 19.5, GREEN), (20.5, 19.5, BLUE)):
+        canvas.fill(ellipse(x, y, 8, 8), color)
+    canvas.fill(area("M16 12.5 C18.5 14 19.5 16 19.5 18 C18 20 14 20 12.5 18 C12.5 16 13.5 14 16 12.5 Z"),
+                WHITE)
+
+
+def curve(canvas):
+    canvas.fill(rectangle(5, 5, 22, 22, 2), PAPER)
+    canvas.fill(stroke(1, "M6 26 26 6"), DESK_EDGE)
+    canvas.fill(stroke(2.2, "M7 25 C8 13 15 8 25 7"), FIRST)
+    canvas.fill(rectangle(5, 5, 22, 22, 2, 1), INK)
+
+
+def drop(color):
+    def draw(canvas):
+        canvas.fill(area("M16 6 C19 12 23 15 23 19.5 C23 28 9 28 9 19.5 C9 15 13 12 16 6 Z"), color)
+        canvas.fill(stroke(1.4, "M16 6 C19 12 23 15 23 19.5 C23 28 9 28 9 19.5 "
+                           "C9 15 13 12 16 6"), INK)
+        canvas.fill(stroke(1.6, "M12.3 19.5 C12.3 21.5 13.3 22.8 14.8 23.2"), WHITE)
+    return draw
+
+
+ADJUSTMENTS = {
+    "brightness": sun, "contrast": half_disc, "sharpness": soft_and_sharp,
+    "saturation": three_discs, "gamma": curve, "red": drop(RED), "cyan": drop(CYAN),
+    "green": drop(GREEN), "magenta": drop(MAGENTA), "blue": drop(BLUE), "yellow": drop(YELLOW),
+}
+
+
+def adjustment_icon(name):
+    canvas = Canvas(32, 32)
+    ADJUSTMENTS[name](canvas)
     return canvas.picture()

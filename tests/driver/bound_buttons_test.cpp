@@ -24,6 +24,8 @@ TEST(BoundButtonsTest, WhatIsCheckedAndWhatAClickStores) {
         {"a box, any other value", {1, kSkip, ButtonKind::kBox}, 6, true, 0},
         {"an inverse box", {1, kSkip, ButtonKind::kInverseBox}, 0, true, 1},
         {"an inverse box, any other value", {1, kSkip, ButtonKind::kInverseBox}, 6, false, 0},
+        {"an exact box", {1, kSkip, ButtonKind::kExactBox}, 1, true, 0},
+        {"an exact box, any other value", {1, kSkip, ButtonKind::kExactBox}, 6, false, 1},
         {"a bit", {1, kFlags, ButtonKind::kBox, kNoEject, kNoEject}, 0x0104, false, 0x8104},
         {"a bit that is set",
          {1, kFlags, ButtonKind::kBox, kNoEject, kNoEject},

@@ -144,7 +144,8 @@ TEST_F(PageTest, TooltipIsSharedAndGoesWithAnyPage) {
                                  nullptr);
                  WriteWideText(LanguageFilePath, TEXT("[DeviceOption]\r\nDevice Option=Karte\r\n"));
                  SetSection(TEXT("DeviceOption"));
-                 AddTips(page, kTips);  // without a window: nothing
+                 DestroySharedTooltip();  // with the tips of the pages that have been shown
+                 AddTips(page, kTips);    // without a window: nothing
                  CreateSharedTooltip(page);
                  CreateSharedTooltip(page);
                  AddTips(page, kTips);
@@ -165,7 +166,7 @@ TEST_F(PageTest, TooltipIsSharedAndGoesWithAnyPage) {
                  EXPECT_EQ(tool.uFlags, UINT{TTF_IDISHWND | TTF_SUBCLASS});
                  SendMessageW(ShowPage(kHeatingEnergySlot), WM_DESTROY, 0, 0);
                  EXPECT_TRUE(IsWindow(tooltip)) << "this page leaves it to the others";
-                 SendMessageW(ShowPage(0), WM_DESTROY, 0, 0);  // a page that has no tips
+                 SendMessageW(ShowPage(0), WM_DESTROY, 0, 0);
                  EXPECT_FALSE(IsWindow(tooltip));
              }},
              PSBTN_CANCEL);

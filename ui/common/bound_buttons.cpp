@@ -9,6 +9,7 @@ bool IsChecked(const DevModeRecord& record, const BoundButton& button) {
     const DWORD bits = ReadField(record, button.Field) & button.Mask;
     switch (button.Kind) {
         case ButtonKind::kRadio:
+        case ButtonKind::kExactBox:
             return bits == button.Value;
         case ButtonKind::kBox:
             return bits != 0;
@@ -27,6 +28,9 @@ void ShowButtons(HWND dialog, const DevModeRecord& record, std::span<const Bound
 
 void StoreClick(DevModeRecord& record, const BoundButton& button) {
     const DWORD value = ReadField(record, button.Field);
-    const bool clears = button.Kind != ButtonKind::kRadio && (value & button.Mask) != 0;
+    const bool isChecked = IsChecked(record, button);
+    const bool clears = button.Kind == ButtonKind::kInverseBox
+                            ? !isChecked
+                            : isChecked && button.Kind != ButtonKind::kRadio;
     WriteField(record, button.Field, (value & ~button.Mask) | (clears ? 0 : button.Value));
 }

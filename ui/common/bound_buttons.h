@@ -10,6 +10,7 @@ enum class ButtonKind {
     kRadio,       ///< checked while the masked bits are `Value`; a click makes them so
     kBox,         ///< checked while any of the masked bits is set; a click switches between
     kInverseBox,  ///< `Value` and 0. The inverse box is checked while none is.
+    kExactBox,    ///< checked while the masked bits are `Value`; a click makes them so, or else 0
 };
 
 struct BoundButton {

@@ -95,7 +95,7 @@ class LanguagesTest : public SheetTest {
         for (const host::ProfileLookup& lookup : host::ProfileLookups()) {
             // What a field holds is looked up as well.
             const bool isNumber =
-                lookup.key.find_first_not_of(TEXT("0123456789")) == lookup.key.npos;
+                lookup.key.find_first_not_of(TEXT("-.0123456789")) == lookup.key.npos;
             if (!lookup.section.empty() && !isNumber) {
                 keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
             }

@@ -232,6 +232,12 @@ void DrawItem(HWND, DriverContext&, const DRAWITEMSTRUCT& item) {
     }
 }
 
+constexpr Tip kTips[] = {
+    {IDC_NO_WHITE_SKIP,
+     TEXT("White areas are passed over quickly. Select this to have every line of "
+          "the card printed at the same speed.")},
+};
+
 void DropTooltip(HWND, DriverContext&) {
     DestroySharedTooltip();
 }
@@ -251,6 +257,7 @@ constinit const Page kDeviceOptionsPage = {
     .Slot = kDeviceOptionsSlot,
     .Section = kDeviceOptionSection,
     .Fields = {&kCopies, 1},
+    .Tips = kTips,
     .Fill = InitDeviceOptionsPage,
     .Command = DeviceOptionsCommand,
     .ScrollVertically = StepCopies,
