@@ -13,6 +13,7 @@
 #define IDD_ABOUT 108
 #define IDD_HEATING_ENERGY 109
 #define IDD_REWRITE 112
+#define IDD_SETTINGS_PARTS 118
 
 /* Device Options */
 #define IDC_COPIES 1001
@@ -172,6 +173,13 @@
 #define IDC_TRACK_3 1509
 #define IDC_FILTER_PREFIX 1510
 #define IDC_FILTER_SUFFIX 1511
+
+/* Import/Export */
+#define IDC_NOTICE 1601
+#define IDC_IMPORT_SETTINGS 1602
+#define IDC_EXPORT_SETTINGS 1603
+#define IDC_DEVICE_OPTION_PART 1604
+#define IDC_COLOR_PART 1605
 
 /* Lamination */
 #define IDC_LAMINATION_A 1701

@@ -317,6 +317,16 @@ HANDLE WINAPI CreateFileW(LPCWSTR path, DWORD access, DWORD share, SECURITY_ATTR
     return files.Add(std::make_unique<OpenFile>(*place, access, share, descriptor));
 }
 
+HANDLE WINAPI CreateFileA(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES* security,
+                          DWORD disposition, DWORD attributes, HANDLE templateFile) {
+    WCHAR wide[MAX_PATH];
+    if (MultiByteToWideChar(CP_ACP, 0, path, -1, wide, MAX_PATH) == 0) {
+        SetLastError(ERROR_FILENAME_EXCED_RANGE);
+        return INVALID_HANDLE_VALUE;
+    }
+    return CreateFileW(wide, access, share, security, disposition, attributes, templateFile);
+}
+
 BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read, OVERLAPPED* overlapped) {
     if (read == nullptr || overlapped != nullptr) {
         host::Unsupported("ReadFile without a count or overlapped");

@@ -53,7 +53,8 @@ HWND Focused(HWND dialog) {
 
 // Who moves the focus: of a page it is the sheet.
 HWND Manager(HWND dialog) {
-    const bool isPage = (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
+    const bool isPage = (GetWindowLongW(dialog, GWL_STYLE) & WS_CHILD) != 0 &&
+                        (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
     return isPage ? GetParent(dialog) : dialog;
 }
 

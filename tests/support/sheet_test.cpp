@@ -2,8 +2,10 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
+#include "sheet_pages.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
+#include "ui/pages/import_export/settings_parts_dialog.h"
 
 #include <commctrl.h>
 
@@ -60,6 +62,16 @@ LONG SheetTest::RunOn(HANDLE printer, int button) {
     return result;
 }
 
+void SheetTest::OpenPartsDialog(DWORD parts, const std::function<void(HWND)>& look) {
+    RunInLoop([&] {
+        HWND dialog = ShownSheet();
+        look(dialog);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    SetSection(kImportExportSection);
+    RunSettingsPartsDialog(nullptr, &parts);
+}
+
 void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
     const std::pair<const WCHAR*, BYTE> kinds[] = {{TEXT("Mirv KP-41"), kRibbonYMCKO},
                                                    {TEXT("Mirv KP-43"), kRibbonK}};
@@ -70,6 +82,9 @@ void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
                          look(ShowPage(static_cast<int>(i)));
                      }
                  }});
+    }
+    for (const DWORD parts : {0u, 3u}) {
+        OpenPartsDialog(parts, look);
     }
 }
 

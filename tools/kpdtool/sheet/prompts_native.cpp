@@ -5,6 +5,7 @@
 #include "platform/host.h"
 #include "tools/kpdtool/wide_text.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace kpdtool {
@@ -29,6 +30,9 @@ std::basic_string<WCHAR> Borrow(const std::string& file) {
     const fs::path real = PathFrom(file);
     const auto played = TEXT("C:\\Users\\user\\Documents\\") + FromUtf8(real.filename().string());
     const fs::path place = host::DiskPath(played.c_str());
+    if (std::ranges::find(borrowed, place, &Borrowed::played) != borrowed.end()) {
+        return played;  // as the session has left it
+    }
     std::error_code ignored;
     fs::create_directories(place.parent_path(), ignored);
     fs::copy_file(real, place, fs::copy_options::overwrite_existing, ignored);
