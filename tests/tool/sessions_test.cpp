@@ -1,5 +1,7 @@
 // Whole sessions with the document sheet, kept as files: tests/scripts/NAME.sheet played by
-// kpdtool, on the default record or NAME.in.dm, gives the bytes of NAME.dm.
+// kpdtool, on the default record or NAME.in.dm, gives the bytes of NAME.dm. A session plays in a
+// folder with all settings files of tests/scripts, and leaves NAME.mcs as Export.mcs if there is
+// one.
 #include "platform_test.h"
 #include "tools/kpdtool/kpdtool.h"
 
@@ -16,8 +18,33 @@ std::string Bytes(const std::filesystem::path& path) {
 
 class SessionsTest : public PlatformTest {};
 
+// The working folder, and again the one before.
+class WorkingFolder {
+  public:
+    explicit WorkingFolder(const std::filesystem::path& folder) {
+        std::filesystem::current_path(folder);
+    }
+    ~WorkingFolder() { std::filesystem::current_path(before_); }
+
+  private:
+    std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+const char* ModelOf(const std::string& session) {
+    return session.starts_with("rewritable") ? "Mirv KP-43"
+           : session.starts_with("simplex")  ? "Mirv KP-511"
+                                             : "Mirv KP-41";
+}
+
 TEST_F(SessionsTest, EndWithTheirRecords) {
-    const std::filesystem::path folder = std::filesystem::path(KPD_SOURCE_DIR) / "tests/scripts";
+    const auto folder =
+        std::filesystem::absolute(std::filesystem::path(KPD_SOURCE_DIR) / "tests/scripts");
+    const WorkingFolder playground(DiskPath(TestFolder()));
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() == ".mcs") {
+            std::filesystem::copy_file(entry.path(), entry.path().filename());
+        }
+    }
     const std::filesystem::path out = DiskPath(TestFolder() + TEXT("\\out.dm"));
     int played = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -26,16 +53,10 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
         }
         const std::string name = entry.path().stem().string();
         SCOPED_TRACE(name);
-        const bool rewritable = name.starts_with("rewritable");
-        std::vector<std::string> arguments = {"sheet",
-                                              "--model",
-                                              rewritable ? "Mirv KP-43" : "Mirv KP-41",
-                                              "--language",
-                                              "en",
-                                              "--script",
-                                              entry.path().string(),
-                                              "--out",
-                                              out.string()};
+        std::vector<std::string> arguments = {
+            "sheet",     "--model",  ModelOf(name),         "--language",
+            "en",        "--script", entry.path().string(), "--out",
+            out.string()};
         const std::filesystem::path input = folder / (name + ".in.dm");
         if (std::filesystem::exists(input)) {
             arguments.insert(arguments.end(), {"--in", input.string()});
@@ -43,10 +64,14 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
         std::ostringstream said;
         EXPECT_EQ(RunKpdtool(arguments, said, said), 0) << said.str();
         EXPECT_TRUE(Bytes(out) == Bytes(folder / (name + ".dm"))) << said.str();
+        const std::filesystem::path exported = folder / (name + ".mcs");
+        if (std::filesystem::exists(exported)) {
+            EXPECT_TRUE(Bytes("Export.mcs") == Bytes(exported));
+        }
         std::filesystem::remove(out);
         ++played;
     }
-    EXPECT_GE(played, 9);
+    EXPECT_GE(played, 11);
 }
 
 }  // namespace

@@ -1,0 +1,270 @@
+// The Import/Export page: the dialog for the parts by itself, then whole exports and imports in a
+// sheet, with the platform's file dialogs.
+#include "core/settings_file.h"
+#include "resources/resource.h"
+#include "sheet_pages.h"
+#include "sheet_test.h"
+#include "tools/kpdtool/kpdtool.h"
+#include "ui/common/language.h"
+#include "ui/pages/import_export/settings_parts_dialog.h"
+
+#include <sstream>
+
+namespace test {
+namespace {
+
+// ---- The dialog for the parts -----------------------------------------------------------------
+
+class SettingsPartsTest : public SheetTest {
+  protected:
+    INT_PTR Run(DWORD parts, const std::function<void(HWND)>& use) {
+        RunInLoop([&] { use(ShownSheet()); });
+        SetSection(kImportExportSection);
+        chosen_ = parts;
+        return RunSettingsPartsDialog(nullptr, &chosen_);
+    }
+    // "x" checked, "." not, "~" before when disabled.
+    static std::string Boxes(HWND dialog) {
+        std::string text;
+        for (const int box : {IDC_DEVICE_OPTION_PART, IDC_COLOR_PART}) {
+            text += IsWindowEnabled(GetDlgItem(dialog, box)) ? "" : "~";
+            text += IsDlgButtonChecked(dialog, box) == BST_CHECKED ? "x" : ".";
+        }
+        return text;
+    }
+    static void Press(HWND dialog, std::initializer_list<int> buttons) {
+        for (const int button : buttons) {
+            SendDlgItemMessageW(dialog, button, BM_CLICK, 0, 0);
+        }
+    }
+
+    DWORD chosen_ = 0;
+};
+
+TEST_F(SettingsPartsTest, OffersWhatThereIs) {
+    const struct {
+        DWORD parts;
+        const char* boxes;
+        const char* title;
+    } cases[] = {{0, "..", "Exportieren"},
+                 {1, "x~.", "Importieren"},
+                 {2, "~.x", "Importieren"},
+                 {3, "xx", "Importieren"}};
+    WriteWideText(LanguageFilePath,
+                  TEXT("[Import/Export]\r\nImport Driver Setting=Importieren\r\nExport Driver "
+                       "Setting=Exportieren\r\nColor Setting=Farbe\r\n"));
+    for (const auto& c : cases) {
+        Run(c.parts, [&](HWND dialog) {
+            EXPECT_EQ(Boxes(dialog), c.boxes);
+            EXPECT_EQ(TextOf(dialog), c.title);
+            EXPECT_EQ(TextOf(GetDlgItem(dialog, IDC_COLOR_PART)), "Farbe");
+            RECT area;
+            GetWindowRect(dialog, &area);
+            EXPECT_NEAR(area.left, GetSystemMetrics(SM_CXSCREEN) - area.right, 1);
+            EXPECT_NEAR(area.top, GetSystemMetrics(SM_CYSCREEN) - area.bottom, 1);
+            RECT inside;
+            GetClientRect(dialog, &inside);
+            RECT wanted = {0, 0, 120, 60};
+            MapDialogRect(dialog, &wanted);
+            EXPECT_EQ(inside.right, wanted.right);
+            EXPECT_EQ(inside.bottom, wanted.bottom);
+            PostMessageW(dialog, WM_CLOSE, 0, 0);
+        });
+    }
+}
+
+TEST_F(SettingsPartsTest, GivesWhatIsChosen) {
+    constexpr int kDevice = IDC_DEVICE_OPTION_PART;
+    constexpr int kColor = IDC_COLOR_PART;
+    const struct {
+        DWORD parts;
+        std::initializer_list<int> buttons;
+        INT_PTR result;
+        DWORD chosen;
+    } cases[] = {{0, {IDOK}, 1, 0},
+                 {0, {kColor, IDOK}, 1, 2},
+                 {0, {kDevice, kColor, IDOK}, 1, 3},
+                 {0, {kDevice, kDevice, IDOK}, 1, 0},
+                 {3, {kColor, IDOK}, 1, 1},
+                 {3, {kDevice, kColor, kDevice, IDOK}, 1, 1},
+                 {2, {kColor, IDOK}, 1, 0},
+                 {3, {IDOK}, 1, 3},
+                 {3, {IDCANCEL}, 2, 3}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(Run(c.parts, [&](HWND dialog) { Press(dialog, c.buttons); }), c.result);
+        EXPECT_EQ(chosen_, c.chosen) << c.parts;
+    }
+    EXPECT_EQ(Run(3, [](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); }), 2);
+}
+
+// ---- Exports and imports ----------------------------------------------------------------------
+
+class ImportExportTest : public DriverTest {
+  protected:
+    static std::string Path(const std::string& file) {
+        return DiskPath(TestFolder() + TEXT("\\") + Wide(file)).generic_string();
+    }
+    static void Store(const std::string& file, const std::string& bytes) {
+        WriteBytes(TestFolder() + TEXT("\\") + Wide(file), bytes);
+    }
+    static std::string Stored(const std::string& file) {
+        return ReadBytes(TestFolder() + TEXT("\\") + Wide(file));
+    }
+    static bool IsThere(const std::string& file) { return std::filesystem::exists(Path(file)); }
+
+    static std::string File(const DevModeRecord& record, DWORD parts) {
+        BYTE file[kLargestSettingsFile];
+        return {file, file + WriteSettings(record, parts, file)};
+    }
+
+    // The steps of a script, with $ for the test's folder.
+    static void Play(std::string steps, const std::string& language = "en") {
+        for (size_t at; (at = steps.find('$')) != std::string::npos;) {
+            steps.replace(at, 1, Path("."));
+        }
+        Store("a.sheet", steps);
+        std::ostringstream said;
+        EXPECT_EQ(
+            RunKpdtool({"sheet", "--language", language, "--script", Path("a.sheet")}, said, said),
+            0)
+            << said.str();
+    }
+};
+
+TEST_F(ImportExportTest, ExportsTheChosenParts) {
+    Play(R"(
+page "Import/Export"
+answer "$/both.mcs"
+click "Export Driver Setting"
+click "Device Option Setting"
+click "Color Setting"
+click "OK"
+answer "$/device.mcs"
+click "Export Driver Setting"
+click "Device Option Setting"
+click "OK"
+answer "$/color"
+click "Export Driver Setting"
+click "Color Setting"
+click "OK"
+)");
+    const DevModeRecord record = DefaultRecord();
+    EXPECT_EQ(Stored("both.mcs"), File(record, 3));
+    EXPECT_EQ(Stored("device.mcs"), File(record, 1));
+    EXPECT_EQ(Stored("color"), File(record, 2)) << "a name without extension is taken as typed";
+}
+
+TEST_F(ImportExportTest, ExportsNothingThatTheUserDoesNotWant) {
+    Store("kept.mcs", "kept");
+    Store("replaced.mcs", std::string(200, 'x'));
+    Play(R"(
+page "Import/Export"
+click "Export Driver Setting"
+click "Color Setting"
+click "Cancel"
+click "Export Driver Setting"
+click "OK"
+answer ""
+click "Export Driver Setting"
+click "Color Setting"
+click "OK"
+answer "$/kept.mcs"
+answer no
+answer ""
+click "Export Driver Setting"
+click "Color Setting"
+click "OK"
+answer "$/replaced.mcs"
+answer yes
+click "Export Driver Setting"
+click "Color Setting"
+click "OK"
+)");
+    EXPECT_EQ(Stored("kept.mcs"), "kept");
+    EXPECT_EQ(Stored("replaced.mcs").size(), 75u);
+    EXPECT_FALSE(IsThere("Export.mcs"));
+}
+
+TEST_F(ImportExportTest, ImportsTheChosenPartsAndShowsThem) {
+    DevModeRecord record = DefaultRecord();
+    record.Private.RibbonType = kRibbonHalfYMCKO;
+    record.Private.CardType = kMagneticStripeCard;
+    record.Public.dmCopies = 321;
+    record.Public.dmOrientation = 7;
+    record.Private.Cyan = 55;
+    record.Public.dmICMMethod = 2;
+    Store("a.mcs", File(record, 3));
+    Store("color.mcs", File(record, 2));
+    Play(R"(
+page "Import/Export"
+answer "$/a.mcs"
+click "Import Driver Setting"
+expect checked "Device Option Setting"
+expect checked "Color Setting"
+click "Color Setting"
+click "OK"
+expect field RibbonType 5
+expect field dmCopies 321
+expect field dmOrientation 2
+expect field Cyan 0
+page "Device Option"
+expect selected "Ribbon Type : " "1/2 YMCKO"
+expect selected "Card Type : " "Magnetic Stripe Card"
+expect selected IDC_CARD_TYPE "Magnetstreifenkarte"
+expect text "Copy No : " "321"
+choose "Ribbon Type : " "K"
+page "Import/Export"
+answer "$/color.mcs"
+click "Import Driver Setting"
+expect disabled "Device Option Setting"
+expect unchecked "Device Option Setting"
+click "Cancel"
+expect field Cyan 0
+answer "$/color.mcs"
+click "Import Driver Setting"
+click "OK"
+expect field Cyan 55
+expect field dmICMMethod 2
+expect field RibbonType 1
+answer ""
+click "Import Driver Setting"
+)",
+         "de");
+}
+
+TEST_F(ImportExportTest, SaysWhatIsWrongWithAFile) {
+    const std::string good = File(DefaultRecord(), 3);
+    Store("header.mcs", "\xAB" + good.substr(1));
+    Store("empty.mcs", "");
+    Store("keyword.mcs", good.substr(0, 19) + "I" + good.substr(20));
+    Store("bad.mcs", good.substr(0, 24) + "\x0A" + good.substr(25));
+    Store("nothing.mcs", good.substr(0, 22) + "\xAA\xFF");
+    DevModeRecord record = DefaultRecord();
+    record.Public.dmCopies = 99;
+    Store("short.mcs", File(record, 1).substr(0, 40));  // offered, and not applied
+    Play(R"(
+page "Import/Export"
+answer "$/header.mcs"
+click "Import Driver Setting"
+expect message "Can't find file Header"
+answer "$/empty.mcs"
+click "Import Driver Setting"
+expect message "Can't find file Header"
+answer "$/keyword.mcs"
+click "Import Driver Setting"
+expect message "Can't find file Keyword"
+answer "$/bad.mcs"
+click "Import Driver Setting"
+expect message "Bad File !"
+answer "$/nothing.mcs"
+click "Import Driver Setting"
+expect message "Can't find out any useful export data!"
+answer "$/short.mcs"
+click "Import Driver Setting"
+click "OK"
+expect field dmCopies 1
+)");
+}
+
+}  // namespace
+}  // namespace test
