@@ -66,6 +66,11 @@ bool PrinterExists(WideString name) {
     return OpenPrinterW(name.data(), &printer, nullptr) && ClosePrinter(printer);
 }
 
+std::string Bytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(file)), {});
+}
+
 class KpdtoolTest : public PlatformTest {
   protected:
     static std::string Path(const std::string& name) {
@@ -435,6 +440,111 @@ TEST_F(KpdtoolTest, Capabilities) {
     const Json rows = Json::parse(Kpdtool({"caps", "Mirv KP-41", "--json"}).out)["capabilities"];
     EXPECT_EQ(rows[2]["written"], Json::parse("[[544, 859]]"));
     EXPECT_TRUE(rows[32]["answer"].is_null());
+}
+
+// ---- Settings files -----------------------------------------------------------------------------
+
+// A record that opening the sheet corrects, and one in an older layout, go the page's way.
+TEST_F(KpdtoolTest, SettingsGoThePagesWay) {
+    DevModeRecord record = DefaultRecord();
+    record.Public.dmOrientation = 1;
+    record.Private.RibbonType = 1;
+    record.Private.ResinOptions = 0;
+    record.Private.Brightness = -7;
+    const std::string own = Store("own.dm", record);
+    const std::string older = Store("older.dm", Layout(188, 112, 0x0320, 0x0350));
+    for (const std::string& input : {own, older, std::string()}) {
+        const std::vector<std::string> in =
+            input.empty() ? std::vector<std::string>{} : std::vector<std::string>{"--in", input};
+        const auto with = [&](std::vector<std::string> arguments) {
+            arguments.insert(arguments.end(), in.begin(), in.end());
+            const Outcome outcome = Kpdtool(arguments);
+            EXPECT_EQ(outcome.status, 0) << outcome.out << outcome.err;
+        };
+        std::filesystem::remove(Path("page.mcs"));
+        const std::string file = DiskPath(TestFolder()).generic_string() + "/page.mcs";
+        const std::string exports = Store(
+            "export.sheet", "page \"Import/Export\"\nanswer \"" + file +
+                                "\"\nclick \"Export Driver Setting\"\nclick \"Color Setting\"\n"
+                                "click \"Device Option Setting\"\nclick \"OK\"\ncancel\n");
+        with({"sheet", "--language", "en", "--script", exports});
+        with({"settings", "export", "Mirv KP-41", "--out", Path("tool.mcs")});
+        EXPECT_EQ(Stored("tool.mcs"), Stored("page.mcs"));
+
+        const std::string settings =
+            std::string(KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs");
+        std::filesystem::copy_file(settings, Path("page.mcs"),
+                                   std::filesystem::copy_options::overwrite_existing);
+        const std::string imports =
+            Store("import.sheet", "page \"Import/Export\"\nanswer \"" + file +
+                                      "\"\nclick \"Import Driver Setting\"\nclick \"Color "
+                                      "Setting\"\nclick \"OK\"\n");
+        with({"sheet", "--language", "en", "--script", imports, "--out", Path("page.dm")});
+        with({"settings", "import", settings, "Mirv KP-41", "--parts", "device", "--out",
+              Path("tool.dm")});
+        EXPECT_EQ(Stored("tool.dm"), Stored("page.dm"));
+    }
+}
+
+TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
+    const std::string settings = KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs";
+    const std::string device = Store("device.mcs", Bytes(settings).substr(0, 37) + "\xAA\xFF");
+    // A Device Option record of 11 bytes, and a Color record that is cut short.
+    std::string bytes = Bytes(settings);
+    bytes = bytes.substr(0, 24) + "\x0B" + bytes.substr(25, 12) + bytes.substr(42, 30);
+    const std::string cut = Store("cut.mcs", bytes);
+    EXPECT_EQ(LineOf(Kpdtool({"settings", "show", settings}).out, "RibbonType"),
+              "RibbonType 4 YMCKOK");
+    const Json parts = Json::parse(Kpdtool({"settings", "show", cut, "--json"}).out)["parts"];
+    ASSERT_EQ(parts.size(), 2u);
+    EXPECT_EQ(parts[0]["whole"], true);
+    EXPECT_EQ(FieldOf(parts[0], "dmCopies")["value"], 25);
+    EXPECT_EQ(FieldOf(parts[0], "Reserved106")["value"], nullptr);
+    EXPECT_EQ(parts[1]["whole"], false);
+    EXPECT_EQ(FieldOf(parts[1], "Gamma")["value"], nullptr);
+
+    EXPECT_EQ(Kpdtool({"settings", "diff", settings, settings}).status, 0);
+    const Outcome differences = Kpdtool({"settings", "diff", settings, cut, "--json"});
+    EXPECT_EQ(differences.status, 1);
+    EXPECT_EQ(Json::parse(differences.out)["fields"].size(), 5u + 20u);
+    DevModeRecord record = DefaultRecord();
+    const std::string stored = Store("a.dm", record);
+    const Outcome beside = Kpdtool({"settings", "diff", stored, cut, "--json"});
+    EXPECT_EQ(beside.status, 1);
+    EXPECT_EQ(Json::parse(beside.out)["fields"].size(), 6u) << beside.out;
+}
+
+TEST_F(KpdtoolTest, SettingsThatAreNotThereAreNamed) {
+    const std::string settings = KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs";
+    const std::string bytes = Bytes(settings);
+    const std::string color = bytes.substr(0, 22) + bytes.substr(42);
+    const struct {
+        std::string file;
+        std::string parts;
+        const char* reason;
+    } cases[] = {
+        {Store("color.mcs", color), "device", "not in it"},
+        {Store("short.mcs", bytes.substr(0, 90)), "device,color", "cut short"},
+        {Store("none.mcs", bytes.substr(0, 22)), "", "holds no settings"},
+        {Store("bad.mcs", bytes.substr(0, 24) + "\x0A" + bytes.substr(25)), "", "shorter than"},
+        {Store("other.mcs", "some text"), "", "is no settings file"},
+        {Path("absent.mcs"), "", "no such file"},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments = {"settings",   "import", c.file,
+                                              "Mirv KP-41", "--out",  Path("out.dm")};
+        if (!c.parts.empty()) {
+            arguments.insert(arguments.end(), {"--parts", c.parts});
+        }
+        const Outcome outcome = Kpdtool(arguments);
+        EXPECT_EQ(outcome.status, 2) << c.file;
+        EXPECT_NE(outcome.err.find(c.reason), std::string::npos) << outcome.err;
+        EXPECT_FALSE(std::filesystem::exists(Path("out.dm")));
+    }
+    EXPECT_EQ(Kpdtool({"settings", "import", Path("color.mcs"), "Mirv KP-41", "--parts", "color",
+                       "--out", Path("out.dm")})
+                  .status,
+              0);
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
 // kpdtool record: the record that the driver builds for a model.
 #include "arguments.h"
 #include "commands.h"
-#include "core/context.h"
+#include "printer_context.h"
 #include "temporary_printer.h"
-#include "tool_error.h"
 #include "tools/kpdtool/records/record_report.h"
 
 #include <CLI/CLI.hpp>
@@ -21,26 +20,15 @@ struct Options {
     bool json = false;
 };
 
-// The working record of a driver context for the printer, with the incoming record's settings.
-StoredRecord WorkingRecord(const Options& options, HANDLE printer) {
+int BuildRecord(const Options& options, std::ostream& out) {
+    const UiLanguage language(options.language);
+    TemporaryPrinter printer(options.printer.name, options.printer.model);
     std::vector<BYTE> incoming;
     if (!options.in.empty()) {
         incoming = WorkingBuffer(ReadRecordFile(options.in));
     }
-    const OwnedContext context(
-        CreateDriverContext(printer, incoming.empty() ? nullptr : RecordIn(incoming)));
-    if (!context) {
-        throw ToolError((options.in.empty() ? options.printer.name : options.in) +
-                        ": the driver refuses it");
-    }
-    const auto* bytes = reinterpret_cast<const BYTE*>(&context->WorkingDevMode);
-    return StoredRecord(options.printer.name, {bytes, bytes + sizeof(DevModeRecord)});
-}
-
-int BuildRecord(const Options& options, std::ostream& out) {
-    const UiLanguage language(options.language);
-    TemporaryPrinter printer(options.printer.name, options.printer.model);
-    const StoredRecord record = WorkingRecord(options, printer.get());
+    const OwnedContext context = MakeContext(options.printer, printer.get(), options.in, incoming);
+    const StoredRecord record = WorkingRecord(options.printer, *context);
     if (!options.out.empty()) {
         WriteRecordFile(options.out, record.All());
     }

@@ -107,7 +107,7 @@ std::vector<BYTE> WorkingBuffer(const StoredRecord& record) {
     return buffer;
 }
 
-StoredRecord ReadRecordFile(const std::string& name) {
+std::vector<BYTE> ReadFileBytes(const std::string& name, size_t most) {
     const fs::path path = PathFrom(name);
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
@@ -117,16 +117,19 @@ StoredRecord ReadRecordFile(const std::string& name) {
     if (fs::is_directory(status)) {
         Fail(name, "is a folder, not a file");
     }
-    // One byte more than any record shows that more lies behind it; the rest of a huge file stays
-    // unread.
-    std::vector<BYTE> bytes(kLargestRecord + 1);
+    std::vector<BYTE> bytes(most);
     std::ifstream file(path, std::ios::binary);
     file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     if (!file.is_open() || file.bad()) {
         Fail(name, "cannot be read");
     }
     bytes.resize(static_cast<size_t>(file.gcount()));
-    return StoredRecord(name, std::move(bytes));
+    return bytes;
+}
+
+StoredRecord ReadRecordFile(const std::string& name) {
+    // One byte more than any record shows that more lies behind it.
+    return StoredRecord(name, ReadFileBytes(name, kLargestRecord + 1));
 }
 
 void WriteRecordFile(const std::string& name, Bytes bytes) {

@@ -54,8 +54,9 @@ inline DEVMODEW* RecordIn(std::vector<BYTE>& buffer) {
     return reinterpret_cast<DEVMODEW*>(buffer.data());
 }
 
-/// Both throw ToolError, naming the file. A file is written beside its place and then renamed, so
-/// that there is never a part of one.
+/// All throw ToolError, naming the file. A file is written beside its place and then renamed, so
+/// that there is never a part of one. What a file has behind its first `most` bytes stays unread.
+std::vector<BYTE> ReadFileBytes(const std::string& path, size_t most);
 StoredRecord ReadRecordFile(const std::string& path);
 void WriteRecordFile(const std::string& path, Bytes bytes);
 
