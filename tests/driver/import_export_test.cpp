@@ -218,6 +218,7 @@ answer "$/color.mcs"
 click "Import Driver Setting"
 expect disabled "Device Option Setting"
 expect unchecked "Device Option Setting"
+expect text IDC_COLOR_PART "Farbeinstellungen"
 click "Cancel"
 expect field Cyan 0
 answer "$/color.mcs"

@@ -205,6 +205,7 @@ TEST_F(SettingsFileTest, FilesOfEveryKind) {
         {"an empty one between", File(3, device + Record(0, "") + color), kDone, 3, 16, 47},
         {"another that is cut short", File(3, device + Record(7, "ab", 3) + ""), kDone, 1, 16, 0},
         {"behind the end mark", File(3, device + kEnd + color), kDone, 1, 16, 0},
+        {"an end mark with a length", File(3, device + kEnd + Word(0) + color), kDone, 1, 16, 0},
         {"device 10", File(2, Record(kDevice, Ascending(1, 10)) + color), kBadRecord, 0, 0, 0},
         {"device 10 behind", File(2, color + Record(kDevice, Ascending(1, 10))), kBadRecord, 2, 0,
          47},
