@@ -55,6 +55,7 @@ struct Printer {
     WideString port = TEXT("LPT1:");
     DWORD attributes = PRINTER_ATTRIBUTE_LOCAL;
     std::vector<BYTE> defaultRecord;  ///< device mode record kept by the spooler; may be empty
+    WideString sharedName = {};       ///< its name in the network ("uNCName"); may be empty
 };
 
 /// Adds a printer, or replaces the one of that name; its stored printer data starts empty.

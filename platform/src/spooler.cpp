@@ -227,7 +227,12 @@ DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE dat
 namespace host {
 
 void AddPrinter(const Printer& printer) {
-    printers[FoldCase(printer.name)] = {printer, {}};
+    StoredPrinter& stored = printers[FoldCase(printer.name)] = {printer, {}};
+    if (!printer.sharedName.empty()) {
+        const auto* text = reinterpret_cast<const BYTE*>(printer.sharedName.c_str());
+        const size_t size = (printer.sharedName.size() + 1) * sizeof(WCHAR);
+        stored.data[DataKey(TEXT("DsSpooler"), TEXT("uNCName"))] = {REG_SZ, {text, text + size}};
+    }
 }
 
 void RemovePrinter(const WideString& name) {

@@ -1,9 +1,11 @@
 // The dialogs at the keyboard: Tab and the arrows lead to everything that can be operated and to
 // nothing else.
+#include "color_page.h"
 #include "options_page.h"
 #include "resources/resource.h"
 #include "sheet_test.h"
 #include "tools/kpdtool/sheet/resource_names.h"
+#include "ui/pages/color/color_page.h"
 
 #include <algorithm>
 #include <set>
@@ -219,6 +221,89 @@ TEST_F(DeviceOptionsKeysTest, ArrowsChooseTheOrientation) {
         EXPECT_EQ(Paper().dmOrientation, before) << "only the focus was moved";
         PressIn(page_, static_cast<WPARAM>(key));
         EXPECT_EQ(Paper().dmOrientation, after);
+    }
+}
+
+class ColorKeysTest : public ColorPageTest {
+  protected:
+    void OpenWithStyle(BYTE style) {
+        BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
+        Record().ColorStyle = style;
+        Record().Contrast = 7;
+        Open();
+        SetFocus(Item(IDC_COLOR_RESET));
+    }
+};
+
+TEST_F(ColorKeysTest, StopsComeInReadingOrder) {
+    for (const BYTE style : {BYTE{1}, BYTE{3}}) {
+        OpenWithStyle(style);
+        EXPECT_EQ(Names(Stops(page_)),
+                  "IDC_BASIC_COLOR IDC_AUTO_ENHANCE IDC_BITBLT_INVERT IDC_COLOR_CHART "
+                  "IDC_BRIGHTNESS_SLIDER IDC_BRIGHTNESS IDC_CONTRAST_SLIDER IDC_CONTRAST "
+                  "IDC_SHARPNESS_SLIDER IDC_SHARPNESS IDC_EDGES_ONLY "
+                  "IDC_SATURATION_SLIDER IDC_SATURATION "
+                  "IDC_CYAN_SLIDER IDC_CYAN IDC_MAGENTA_SLIDER IDC_MAGENTA "
+                  "IDC_YELLOW_SLIDER IDC_YELLOW IDC_GAMMA_SLIDER IDC_GAMMA IDC_COLOR_RESET");
+        EXPECT_EQ(Record().ColorStyle, style);
+        EXPECT_EQ(Record().Contrast, 7);
+    }
+}
+
+// With none checked the focus alone chooses none, wherever it comes from.
+TEST_F(ColorKeysTest, OnlyAUserChoosesAPreference) {
+    OpenWithStyle(3);
+    const std::string before = Settings() + LooksOfAll();
+    TakeChanges();
+    PressIn(page_, VK_TAB);
+    EXPECT_EQ(NameOf(GetFocus()), "IDC_BASIC_COLOR");
+    for (int button : {IDC_NO_COLOR_PREFERENCE, IDC_CLASSIC_COLOR, IDC_WINDOWS_COLOR}) {
+        SetFocus(Item(button));
+        HandlePosted();
+    }
+    SetFocus(parent_);
+    FillPage(kColorPage, context_);
+    SetFocus(Item(IDC_CLASSIC_COLOR));
+    EXPECT_EQ(Settings() + LooksOfAll(), before);
+    EXPECT_EQ(TakeChanges(), 0);
+}
+
+TEST_F(ColorKeysTest, KeysChooseAPreference) {
+    const struct {
+        const char* name;
+        BYTE style;
+        std::vector<WPARAM> keys;
+        const char* chosen;
+    } cases[] = {
+        {"the space bar", 3, {VK_TAB, VK_SPACE}, "x..."},
+        {"an arrow to the next", 3, {VK_TAB, VK_DOWN}, ".x.."},
+        {"an arrow to the last", 3, {VK_TAB, VK_UP}, "...x"},
+        {"arrows", 1, {VK_TAB, VK_DOWN, VK_DOWN}, "..x."},
+        {"and back", 1, {VK_TAB, VK_DOWN, VK_UP}, "x..."},
+        {"a letter", 3, {'c'}, ".x.."},
+        {"another", 0, {'b'}, "x..."},
+    };
+    for (const auto& c : cases) {
+        OpenWithStyle(c.style);
+        for (const WPARAM key : c.keys) {
+            if (key == VK_SPACE) {
+                Press(GetFocus(), VK_SPACE);
+            } else if (key > VK_SPACE + 32) {
+                MSG letter = {GetFocus(), WM_CHAR, key, 1, 0, {0, 0}};
+                IsDialogMessageW(page_, &letter);
+            } else {
+                PressIn(page_, key);
+            }
+        }
+        EXPECT_EQ(Preference(), c.chosen) << c.name;
+        EXPECT_EQ(Record().Contrast, 0) << c.name;
+        // A button that keys have led to is as quiet as before.
+        SetFocus(Item(IDC_COLOR_RESET));
+        const std::string settings = Settings();
+        for (int button = IDC_BASIC_COLOR; button <= IDC_NO_COLOR_PREFERENCE; ++button) {
+            SetFocus(Item(button));
+        }
+        EXPECT_EQ(Settings(), settings) << c.name;
     }
 }
 

@@ -1,9 +1,16 @@
-// Whatever a user does on the Device Options page, its record and its controls agree.
+// Whatever a user does on the Device Options and Color pages, their record and controls agree.
+#include "color_page.h"
 #include "core/merge.h"
+#include "message_boxes.h"
 #include "options_page.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
+#include "ui/pages/color/adjustment_rows.h"
+#include "ui/pages/color/color_page.h"
 
+#include <commctrl.h>
+
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -162,6 +169,116 @@ TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         }
     }
     EXPECT_GT(compared, 20);
+}
+
+// ---- Colours ----------------------------------------------------------------------------------
+
+class RandomColorsTest : public ColorPageTest {
+  protected:
+    void Spoil(RandomUser& user) {
+        Paper().dmICMMethod = static_cast<DWORD>(user.Below(4));
+        DevModePrivate& record = Record();
+        for (BYTE* field :
+             {&record.ColorPreference, &record.ColorStyle, &record.AutoEnhance, &record.SharpenMode,
+              &record.BitBltInvert, &record.SkinTone, &record.ColorFlag, &record.SkinSliderV}) {
+            *field = static_cast<BYTE>(user.Below(4));
+        }
+        for (const AdjustmentRow& row : kAdjustmentRows) {
+            row.Value.Write(record,
+                            user.Below(3) == 0 ? user.Below(0x10000) : user.Below(201) - 100);
+        }
+    }
+
+    void ActAtRandom(RandomUser& user) {
+        constexpr int kButtons[] = {IDC_BASIC_COLOR,   IDC_CLASSIC_COLOR, IDC_WINDOWS_COLOR,
+                                    IDC_AUTO_ENHANCE,  IDC_EDGES_ONLY,    IDC_NO_COLOR_PREFERENCE,
+                                    IDC_BITBLT_INVERT, IDC_COLOR_RESET};
+        constexpr int kKeys[] = {VK_LEFT, VK_RIGHT, VK_PRIOR, VK_NEXT, VK_HOME, VK_END};
+        constexpr const char* kTexts[] = {"-", "",   "0",    "-100", "100", "101", "07", "1.5",
+                                          ".", "9.", "0.05", "9.99", "10",  "-1",  "x",  ".5"};
+        const AdjustmentRow& row = kAdjustmentRows[user.Below(std::size(kAdjustmentRows))];
+        HWND field = Item(row.Field.Control);
+        switch (user.Below(6)) {
+            case 0:
+                Click(kButtons[user.Below(std::size(kButtons))]);
+                break;
+            case 1:
+                Press(Item(row.Slider), kKeys[user.Below(std::size(kKeys))]);
+                break;
+            case 2:
+                SendMessageW(Item(row.Slider), TBM_SETPOS, TRUE, user.Below(2000) - 100);
+                SendMessageW(page_, WM_HSCROLL, TB_THUMBTRACK,
+                             reinterpret_cast<LPARAM>(Item(row.Slider)));
+                break;
+            case 3:
+                Press(field, user.Below(2) == 0 ? VK_UP : VK_DOWN);
+                break;
+            case 4:
+                SetFocus(field);
+                Type(field, kTexts[user.Below(std::size(kTexts))]);
+                break;
+            default:
+                SetFocus(field);
+                SetWindowTextW(field, Wide(kTexts[user.Below(std::size(kTexts))]).c_str());
+        }
+    }
+
+    /// Every number in its range, and shown by its slider. (A gamma that is still being typed is
+    /// shown by its field alone.)
+    void CheckRows() const {
+        std::string positions;
+        for (const AdjustmentRow& row : kAdjustmentRows) {
+            const int value = row.Value.Read(Record());
+            EXPECT_EQ(std::clamp(value, row.Field.Minimum, row.Field.Maximum), value);
+            const int position = std::max(row.ToPosition(value), row.SliderMinimum);
+            positions += (positions.empty() ? "" : " ") + std::to_string(position);
+        }
+        EXPECT_EQ(Sliders(), positions);
+        if (GetFocus() != Item(IDC_GAMMA)) {
+            EXPECT_EQ(Fields(), Adjustments());
+        }
+    }
+};
+
+TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
+    StartMessageBoxes();
+    int kept = 0;
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        RandomUser user(seed);
+        SCOPED_TRACE(seed);
+        BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
+        Spoil(user);
+        Open();
+        CheckRows();
+        for (int action = 0; action < 20; ++action) {
+            const BYTE style = Record().ColorStyle;
+            ActAtRandom(user);
+            CheckRows();
+            const bool chosen = Preference().find('x') != std::string::npos;
+            EXPECT_EQ(chosen, Record().ColorPreference != kPrinterColor || Record().ColorStyle < 2);
+            kept += !chosen && style == Record().ColorStyle;
+        }
+        SetFocus(Item(IDC_COLOR_RESET));  // ends what is being typed
+        EXPECT_EQ(Fields(), Adjustments());
+        DevModeRecord merged;
+        BuildDefaultDevMode(&merged, nullptr, nullptr);
+        ASSERT_EQ(MergeDevMode(&merged, &context_.WorkingDevMode.Public, nullptr), 1);
+        EXPECT_EQ(std::memcmp(&merged.Private, &Record(), sizeof(merged.Private)), 0);
+        EXPECT_EQ(merged.Public.dmICMMethod, Paper().dmICMMethod);
+        // Opened again it shows the same, but for how a number is written.
+        const auto shown = [&] {
+            return Preference() + Looks(IDC_AUTO_ENHANCE) + Looks(IDC_EDGES_ONLY) +
+                   Looks(IDC_BITBLT_INVERT) + Fields() + Sliders();
+        };
+        const std::string before = shown();
+        DevModeRecord left = context_.WorkingDevMode;
+        Open();
+        EXPECT_EQ(shown(), before);
+        left.Private.SkinSliderV = Record().SkinSliderV;  // by opening alone
+        EXPECT_EQ(std::memcmp(&left, &context_.WorkingDevMode, sizeof(left)), 0);
+    }
+    EXPECT_GT(kept, 20);
+    StopMessageBoxes();
 }
 
 }  // namespace

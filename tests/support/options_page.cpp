@@ -3,11 +3,7 @@
 
 #include "resources/resource.h"
 #include "ui/common/controls.h"
-#include "ui/common/language.h"
-#include "ui/common/module.h"
 #include "ui/pages/device_options/device_options_page.h"
-
-#include <prsht.h>
 
 namespace test {
 namespace {
@@ -21,41 +17,11 @@ constexpr struct {
 } kPictures[] = {
     {IDC_FRONT_PREVIEW, "front"}, {IDC_BACK_PREVIEW, "back"}, {IDC_PAGE_ORDER, "order"}};
 
-WNDPROC parentProcedure;
-int changes;
-
-LRESULT CALLBACK CountChanges(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    changes += message == PSM_CHANGED;
-    return CallWindowProcW(parentProcedure, window, message, wParam, lParam);
-}
-
-std::string ListText(HWND list) {
-    const WPARAM selected = static_cast<WPARAM>(SendMessageW(list, CB_GETCURSEL, 0, 0));
-    WCHAR text[kTextLength] = {};
-    SendMessageW(list, CB_GETLBTEXT, selected, reinterpret_cast<LPARAM>(text));
-    return Narrow(text) + " of " + std::to_string(SendMessageW(list, CB_GETCOUNT, 0, 0));
-}
-
 }  // namespace
 
 void OptionsPageTest::SetUp() {
-    WindowTest::SetUp();
-    ModuleHandle = GetModuleHandleW(nullptr);
-    InitLanguageFile();
-    BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
+    LonePageTest::SetUp();
     SetModel({});
-    changes = 0;
-    parentProcedure = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountChanges)));
-    SetWindowPos(parent_, nullptr, 20, 20, 480, 400, SWP_NOZORDER);
-    HandlePosted();
-}
-
-void OptionsPageTest::TearDown() {
-    if (page_ != nullptr) {
-        DestroyWindow(page_);
-    }
-    WindowTest::TearDown();
 }
 
 void OptionsPageTest::SetModel(const ModelFlags& flags) {
@@ -66,18 +32,7 @@ void OptionsPageTest::SetModel(const ModelFlags& flags) {
 }
 
 void OptionsPageTest::Open() {
-    if (page_ != nullptr) {
-        DestroyWindow(page_);
-    }
-    PROPSHEETPAGEW record = {};
-    record.lParam = reinterpret_cast<LPARAM>(&context_);
-    page_ = CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(IDD_DEVICE_OPTIONS), parent_,
-                               DeviceOptionsPageProc, reinterpret_cast<LPARAM>(&record));
-    ASSERT_NE(page_, nullptr);
-    SetWindowPos(page_, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-    EnableWindow(page_, TRUE);
-    ShowWindow(page_, SW_SHOW);
-    HandlePosted();
+    OpenPage(IDD_DEVICE_OPTIONS, DeviceOptionsPageProc);
 }
 
 void OptionsPageTest::Choose(int list, int index) {
@@ -86,43 +41,9 @@ void OptionsPageTest::Choose(int list, int index) {
                  reinterpret_cast<LPARAM>(GetDlgItem(page_, list)));
 }
 
-void OptionsPageTest::Click(int control) {
-    SendDlgItemMessageW(page_, control, BM_CLICK, 0, 0);
-}
-
-bool OptionsPageTest::IsShown(int control) const {
-    return (GetWindowLongW(GetDlgItem(page_, control), GWL_STYLE) & WS_VISIBLE) != 0;
-}
-
-std::string OptionsPageTest::Looks(int control) const {
-    HWND window = GetDlgItem(page_, control);
-    if (!IsShown(control)) {
-        return "-";
-    }
-    WCHAR name[16] = {};
-    GetClassNameW(window, name, 16);
-    const bool isList = WideString(name) == TEXT("ComboBox");
-    const bool isButton = WideString(name) == TEXT("Button");
-    const std::string looks = isList ? ListText(window)
-                              : isButton
-                                  ? (IsDlgButtonChecked(page_, control) == BST_CHECKED ? "x" : ".")
-                                  : TextOf(window);
-    return (IsWindowEnabled(window) ? "" : "~") + looks;
-}
-
 std::string OptionsPageTest::Looks(const SideControls& side) const {
     return Looks(side.Image) + " " + Looks(side.Rotate) + " " + Looks(side.Flip) + " " +
            Looks(side.Color) + " " + Looks(side.Resin);
-}
-
-std::string OptionsPageTest::LooksOfAll() const {
-    std::string looks;
-    for (HWND control = GetWindow(page_, GW_CHILD); control != nullptr;
-         control = GetWindow(control, GW_HWNDNEXT)) {
-        const int id = GetDlgCtrlID(control);
-        looks += std::to_string(id) + ": " + Looks(id) + "\n";
-    }
-    return looks;
 }
 
 std::string OptionsPageTest::Options() const {
@@ -156,10 +77,6 @@ std::string OptionsPageTest::Redrawn() const {
     }
     ReleaseDC(page_, context);
     return redrawn;
-}
-
-int OptionsPageTest::TakeChanges() {
-    return std::exchange(changes, 0);
 }
 
 }  // namespace test
