@@ -33,10 +33,10 @@ std::string ColorPageTest::Settings() const {
     const DevModePrivate& record = Record();
     char text[128];
     std::snprintf(text, sizeof(text),
-                  "preference %d style %d method %u skin %d %d %d flag %d boxes %d %d %d",
-                  record.ColorPreference, record.ColorStyle, Paper().dmICMMethod, record.SkinTone,
-                  record.SkinSliderV, record.SkinSliderH, record.ColorFlag, record.AutoEnhance,
-                  record.SharpenMode, record.BitBltInvert);
+                  "preference %d style %d method %d skin %d %d %d flag %d boxes %d %d %d",
+                  record.ColorPreference, record.ColorStyle, static_cast<int>(Paper().dmICMMethod),
+                  record.SkinTone, record.SkinSliderV, record.SkinSliderH, record.ColorFlag,
+                  record.AutoEnhance, record.SharpenMode, record.BitBltInvert);
     return text;
 }
 
