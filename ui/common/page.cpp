@@ -180,8 +180,7 @@ INT_PTR RunPage(const Page& page, HWND dialog, UINT message, WPARAM wParam, LPAR
             ClosePage(page, dialog, *context);
             return FALSE;
         default:
-            // Fields still lose the focus while their page is destroyed.
-            return context->PageWindows[page.Slot] == dialog && !Filling::Is(page, *context) &&
+            return !Filling::Is(page, *context) &&
                    PassOn(page, dialog, *context, message, wParam, lParam);
     }
 }
