@@ -44,12 +44,14 @@ constexpr AdjustmentRow IntegerRow(AdjustmentIndex index, int field, int slider)
 constexpr int kGammaMiddle = 900;
 
 constexpr AdjustmentRow GammaRow(int field, int slider) {
+    constexpr const Adjustment& value = kAdjustmentTable[kGamma];
+    static_assert(value.Minimum == kHundredthsMinimum && value.Maximum == kHundredthsMaximum);
     return {
-        .Value = kAdjustmentTable[kGamma],
+        .Value = value,
         .Field = {.Control = field,
                   .Kind = NumberKind::kHundredths,
-                  .Minimum = kHundredthsMinimum,
-                  .Maximum = kHundredthsMaximum,
+                  .Minimum = value.Minimum,
+                  .Maximum = value.Maximum,
                   .Extra = '.',
                   .RangeMessage = TEXT("Enter from 0.10 - 9.99 ."),
                   .RangeSection = kSettingSection,

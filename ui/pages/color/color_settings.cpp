@@ -1,6 +1,8 @@
 // What the Color page's choices do to the record.
 #include "ui/pages/color/color_settings.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr BYTE kNeutralSkin = 128;

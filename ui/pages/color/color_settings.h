@@ -4,7 +4,7 @@
 
 #include "core/device_mode.h"
 
-#include <algorithm>
+#include <type_traits>
 
 // ---- Adjustments ------------------------------------------------------------------------------
 
@@ -21,13 +21,11 @@ template <auto Member>
 constexpr Adjustment AdjustmentOf(int minimum, int maximum, int neutral) {
     return {[](const DevModePrivate& record) -> int { return record.*Member; },
             [](DevModePrivate& record, int value) {
-                record.*Member = static_cast<decltype(record.*Member + 0)>(value);
+                record.*Member =
+                    static_cast<std::remove_reference_t<decltype(record.*Member)>>(value);
             },
             minimum, maximum, neutral};
 }
-
-constexpr int kGammaMinimum = 10;  ///< hundredths
-constexpr int kGammaMaximum = 999;
 
 enum AdjustmentIndex {
     kBrightness,
@@ -48,7 +46,7 @@ inline constexpr Adjustment kAdjustmentTable[kAdjustments] = {
     AdjustmentOf<&DevModePrivate::Cyan>(-100, 100, 0),
     AdjustmentOf<&DevModePrivate::Magenta>(-100, 100, 0),
     AdjustmentOf<&DevModePrivate::Yellow>(-100, 100, 0),
-    AdjustmentOf<&DevModePrivate::Gamma>(kGammaMinimum, kGammaMaximum, 100),
+    AdjustmentOf<&DevModePrivate::Gamma>(10, 999, 100),  // hundredths
 };
 
 /// Makes every adjustment neutral.
