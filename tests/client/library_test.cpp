@@ -53,7 +53,7 @@ TEST_F(LibraryTest, ExportsItsEntryPointsUndecorated) {
 }
 
 TEST_F(LibraryTest, ImportsSystemLibrariesOnly) {
-    const std::set<std::string> system = {"kernel32.dll", "user32.dll", "gdi32.dll",
+    const std::set<std::string> system = {"kernel32.dll", "user32.dll", "comdlg32.dll", "gdi32.dll",
                                           "shell32.dll",  "msvcrt.dll", "winspool.drv"};
     const auto* import = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT));
     ASSERT_NE(import->Name, 0u);

@@ -22,10 +22,13 @@ std::string InstallPackage(const std::filesystem::path& package) {
     fs::create_directories(folder, error);
     for (auto file = fs::recursive_directory_iterator(package, error);
          !error && file != fs::recursive_directory_iterator(); file.increment(error)) {
-        if (file->is_regular_file() &&
-            !fs::copy_file(file->path(), folder / file->path().filename(),
-                           fs::copy_options::update_existing, error) &&
-            error) {
+        if (!file->is_regular_file()) {
+            continue;
+        }
+        // Taken away first: not every library of the language copies over a file that is there.
+        const fs::path copy = folder / file->path().filename();
+        fs::remove(copy, error);
+        if (!error && !fs::copy_file(file->path(), copy, error)) {
             break;
         }
     }
