@@ -71,6 +71,12 @@ std::string Bytes(const std::string& path) {
     return std::string((std::istreambuf_iterator<char>(file)), {});
 }
 
+// By a path that no command line takes for an option.
+std::string ExportedSettings() {
+    const std::filesystem::path sources = KPD_SOURCE_DIR;
+    return std::filesystem::absolute(sources / "tests/scripts/export_settings.mcs").string();
+}
+
 class KpdtoolTest : public PlatformTest {
   protected:
     static std::string Path(const std::string& name) {
@@ -471,8 +477,7 @@ TEST_F(KpdtoolTest, SettingsGoThePagesWay) {
         with({"settings", "export", "Mirv KP-41", "--out", Path("tool.mcs")});
         EXPECT_EQ(Stored("tool.mcs"), Stored("page.mcs"));
 
-        const std::string settings =
-            std::string(KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs");
+        const std::string settings = ExportedSettings();
         std::filesystem::copy_file(settings, Path("page.mcs"),
                                    std::filesystem::copy_options::overwrite_existing);
         const std::string imports =
@@ -487,7 +492,7 @@ TEST_F(KpdtoolTest, SettingsGoThePagesWay) {
 }
 
 TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
-    const std::string settings = KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs";
+    const std::string settings = ExportedSettings();
     const std::string device = Store("device.mcs", Bytes(settings).substr(0, 37) + "\xAA\xFF");
     // A Device Option record of 11 bytes, and a Color record that is cut short.
     std::string bytes = Bytes(settings);
@@ -515,7 +520,7 @@ TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
 }
 
 TEST_F(KpdtoolTest, SettingsThatAreNotThereAreNamed) {
-    const std::string settings = KPD_SOURCE_DIR "/tests/scripts/export_settings.mcs";
+    const std::string settings = ExportedSettings();
     const std::string bytes = Bytes(settings);
     const std::string color = bytes.substr(0, 22) + bytes.substr(42);
     const struct {

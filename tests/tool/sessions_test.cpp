@@ -18,17 +18,18 @@ std::string Bytes(const std::filesystem::path& path) {
 
 class SessionsTest : public PlatformTest {};
 
-// The working folder, and again the one before.
-class WorkingFolder {
-  public:
-    explicit WorkingFolder(const std::filesystem::path& folder) {
-        std::filesystem::current_path(folder);
+// The script with the files that it answers with in the test's folder; its path.
+std::string InTestFolder(const std::filesystem::path& script) {
+    const std::string answer = "answer \"";
+    const std::string place = DiskPath(TestFolder()).generic_string() + "/";
+    std::string text = Bytes(script);
+    for (size_t at = 0; (at = text.find(answer, at)) != std::string::npos;) {
+        text.insert(at += answer.size(), place);
     }
-    ~WorkingFolder() { std::filesystem::current_path(before_); }
-
-  private:
-    std::filesystem::path before_ = std::filesystem::current_path();
-};
+    const WideString copy = TestFolder() + TEXT("\\") + Wide(script.filename().string());
+    WriteBytes(copy, text);
+    return DiskPath(copy).string();
+}
 
 const char* ModelOf(const std::string& session) {
     return session.starts_with("rewritable") ? "Mirv KP-43"
@@ -37,12 +38,12 @@ const char* ModelOf(const std::string& session) {
 }
 
 TEST_F(SessionsTest, EndWithTheirRecords) {
-    const auto folder =
-        std::filesystem::absolute(std::filesystem::path(KPD_SOURCE_DIR) / "tests/scripts");
-    const WorkingFolder playground(DiskPath(TestFolder()));
+    const std::filesystem::path folder = std::filesystem::path(KPD_SOURCE_DIR) / "tests/scripts";
+    const std::filesystem::path playground = DiskPath(TestFolder());
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         if (entry.path().extension() == ".mcs") {
-            std::filesystem::copy_file(entry.path(), entry.path().filename());
+            WriteBytes(TestFolder() + TEXT("\\") + Wide(entry.path().filename().string()),
+                       Bytes(entry.path()));
         }
     }
     const std::filesystem::path out = DiskPath(TestFolder() + TEXT("\\out.dm"));
@@ -53,10 +54,15 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
         }
         const std::string name = entry.path().stem().string();
         SCOPED_TRACE(name);
-        std::vector<std::string> arguments = {
-            "sheet",     "--model",  ModelOf(name),         "--language",
-            "en",        "--script", entry.path().string(), "--out",
-            out.string()};
+        std::vector<std::string> arguments = {"sheet",
+                                              "--model",
+                                              ModelOf(name),
+                                              "--language",
+                                              "en",
+                                              "--script",
+                                              InTestFolder(entry.path()),
+                                              "--out",
+                                              out.string()};
         const std::filesystem::path input = folder / (name + ".in.dm");
         if (std::filesystem::exists(input)) {
             arguments.insert(arguments.end(), {"--in", input.string()});
@@ -66,7 +72,7 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
         EXPECT_TRUE(Bytes(out) == Bytes(folder / (name + ".dm"))) << said.str();
         const std::filesystem::path exported = folder / (name + ".mcs");
         if (std::filesystem::exists(exported)) {
-            EXPECT_TRUE(Bytes("Export.mcs") == Bytes(exported));
+            EXPECT_TRUE(Bytes(playground / "Export.mcs") == Bytes(exported));
         }
         std::filesystem::remove(out);
         ++played;

@@ -20,6 +20,7 @@ constexpr int kMessageTextId = 0xFFFF;
 constexpr UINT kAnswerDelay = 50;  // until a prompt is complete, in milliseconds
 
 HHOOK hook;
+std::filesystem::path folderBefore;  // a file dialog leaves the process in another
 std::deque<int> buttons;
 std::deque<std::string> files;
 
@@ -136,11 +137,15 @@ LRESULT CALLBACK WatchDialogs(int code, WPARAM wParam, LPARAM lParam) {
 Prompts::Prompts() {
     prompts.clear();
     texts.clear();
+    std::error_code ignored;
+    folderBefore = std::filesystem::current_path(ignored);
     hook = SetWindowsHookExW(WH_CBT, WatchDialogs, nullptr, GetCurrentThreadId());
 }
 
 Prompts::~Prompts() {
     UnhookWindowsHookEx(hook);
+    std::error_code ignored;
+    std::filesystem::current_path(folderBefore, ignored);
     buttons.clear();
     files.clear();
 }
@@ -151,7 +156,7 @@ void Prompts::AnswerBox(int button) {
 
 void Prompts::AnswerFile(const std::string& file) {
     std::error_code ignored;
-    const auto path = std::filesystem::absolute(PathFrom(file), ignored);
+    const auto path = std::filesystem::absolute(PathFrom(file), ignored).make_preferred();
     files.push_back(file.empty() ? "" : ToUtf8(path.wstring()));
 }
 
