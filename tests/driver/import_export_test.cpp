@@ -18,7 +18,7 @@ namespace {
 class SettingsPartsTest : public SheetTest {
   protected:
     INT_PTR Run(DWORD parts, const std::function<void(HWND)>& use) {
-        RunInLoop([&] { use(ShownSheet()); });
+        RunInLoop([&] { use(DialogWith(IDC_COLOR_PART)); });
         SetSection(kImportExportSection);
         chosen_ = parts;
         return RunSettingsPartsDialog(nullptr, &chosen_);

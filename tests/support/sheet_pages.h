@@ -51,6 +51,26 @@ inline HWND ShownSheet() {
     return sheet;
 }
 
+/// The dialog of this thread that has the control, also before its loop has shown it, or null.
+inline HWND DialogWith(int control) {
+    struct Search {
+        int control;
+        HWND found;
+    } search = {control, nullptr};
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM given) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(given);
+            if (GetDlgItem(window, wanted.control) == nullptr) {
+                return TRUE;
+            }
+            wanted.found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
 /// Presses a button of the sheet that is shown, PSBTN_OK and its like, from the modal loop.
 inline void PressInSheet(int button) {
     RunInLoop(

@@ -2,6 +2,7 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
+#include "resources/resource.h"
 #include "sheet_pages.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
@@ -64,7 +65,7 @@ LONG SheetTest::RunOn(HANDLE printer, int button) {
 
 void SheetTest::OpenPartsDialog(DWORD parts, const std::function<void(HWND)>& look) {
     RunInLoop([&] {
-        HWND dialog = ShownSheet();
+        HWND dialog = DialogWith(IDC_COLOR_PART);
         look(dialog);
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });

@@ -40,7 +40,7 @@ class ImportExportFaults : public OptionsPageTest {
     /// In the dialog for the parts, where `meanwhile` happens.
     static void AcceptParts(const std::vector<int>& clicks, std::function<void()> meanwhile = {}) {
         RunInLoop([=] {
-            HWND dialog = ShownSheet();
+            HWND dialog = DialogWith(IDC_COLOR_PART);
             if (meanwhile) {
                 meanwhile();
             }
