@@ -186,6 +186,9 @@ click "OK"
 }
 
 TEST_F(ImportExportTest, ImportsTheChosenPartsAndShowsThem) {
+    if (!SetUiLanguage(0x0407)) {
+        GTEST_SKIP() << "run by the process of a German user";
+    }
     DevModeRecord record = DefaultRecord();
     record.Private.RibbonType = kRibbonHalfYMCKO;
     record.Private.CardType = kMagneticStripeCard;
