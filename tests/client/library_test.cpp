@@ -53,8 +53,9 @@ TEST_F(LibraryTest, ExportsItsEntryPointsUndecorated) {
 }
 
 TEST_F(LibraryTest, ImportsSystemLibrariesOnly) {
-    const std::set<std::string> system = {"kernel32.dll", "user32.dll", "comdlg32.dll", "gdi32.dll",
-                                          "shell32.dll",  "msvcrt.dll", "winspool.drv"};
+    const std::set<std::string> system = {"kernel32.dll", "user32.dll",  "advapi32.dll",
+                                          "comdlg32.dll", "gdi32.dll",   "shell32.dll",
+                                          "msvcrt.dll",   "winspool.drv"};
     const auto* import = At<IMAGE_IMPORT_DESCRIPTOR>(Directory(IMAGE_DIRECTORY_ENTRY_IMPORT));
     ASSERT_NE(import->Name, 0u);
     for (; import->Name != 0; ++import) {
