@@ -185,7 +185,7 @@ click "OK"
     EXPECT_FALSE(IsThere("Export.mcs"));
 }
 
-TEST_F(ImportExportTest, ImportsTheChosenPartsAndShowsThem) {
+TEST_F(ImportExportTest, ImportsTheChosenPartsAndShowsThemInTheUserLanguage) {
     if (!SetUiLanguage(0x0407)) {
         GTEST_SKIP() << "run by the process of a German user";
     }
