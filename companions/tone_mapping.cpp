@@ -1,7 +1,7 @@
 // The tone-mapping library.
 #include "companions/tone_mapping.h"
 
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 
 #include <strsafe.h>
 

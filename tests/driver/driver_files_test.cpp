@@ -1,5 +1,5 @@
 // Companion libraries of the driver package.
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 
 #include "platform_test.h"
 

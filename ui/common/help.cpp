@@ -2,7 +2,7 @@
 #include "ui/common/help.h"
 
 #include "core/ui_language.h"
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 #include "ui/common/language.h"
 
 #include <strsafe.h>

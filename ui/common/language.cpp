@@ -3,7 +3,7 @@
 
 #include "core/text.h"
 #include "core/ui_language.h"
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 
 #include <strsafe.h>
 

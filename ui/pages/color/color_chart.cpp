@@ -2,7 +2,7 @@
 #include "ui/pages/color/color_chart.h"
 
 #include "core/card_terms.h"
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 
 #include <strsafe.h>
 

@@ -1,13 +1,19 @@
 // The files of the driver package.
-#include "ui/common/driver_files.h"
+#include "core/driver_files.h"
 
 #include <shellapi.h>
 #include <strsafe.h>
 
-void DriverFilePath(WCHAR (&path)[kDriverPathLength], const WCHAR* file) {
+void DriverFolderPath(WCHAR (&path)[kDriverPathLength]) {
     WCHAR system[MAX_PATH] = {};
     GetSystemDirectoryW(system, MAX_PATH);
-    StringCchPrintfW(path, kDriverPathLength, TEXT("%s%s\\%s"), system, kDriverDirectory, file);
+    StringCchPrintfW(path, kDriverPathLength, TEXT("%s%s"), system, kDriverDirectory);
+}
+
+void DriverFilePath(WCHAR (&path)[kDriverPathLength], const WCHAR* file) {
+    WCHAR folder[kDriverPathLength];
+    DriverFolderPath(folder);
+    StringCchPrintfW(path, kDriverPathLength, TEXT("%s\\%s"), folder, file);
 }
 
 void OpenDriverFile(const WCHAR* file, const WCHAR* parameters) {

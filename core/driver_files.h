@@ -10,6 +10,8 @@ inline constexpr const WCHAR* kDriverDirectory = TEXT("\\spool\\drivers\\x64\\3"
 /// Characters of a path in the driver directory, terminator included.
 constexpr size_t kDriverPathLength = 2 * MAX_PATH;
 
+/// Writes the driver directory's full path, without a backslash at its end.
+void DriverFolderPath(WCHAR (&path)[kDriverPathLength]);
 /// Writes the full path of a file of the driver directory.
 void DriverFilePath(WCHAR (&path)[kDriverPathLength], const WCHAR* file);
 
