@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr const WCHAR* kLibrary = TEXT("PrnBridge.dll");
-
 // English for every user.
 constexpr const WCHAR* kNoLibrary = TEXT("Can't load library");
 constexpr const WCHAR* kNoLaminationLibrary = TEXT("Can't load PrnBridge.dll");
@@ -34,7 +32,7 @@ using SetLaminationParameters = DWORD WINAPI(const WCHAR* printer, LaminationRec
 template <typename Operation, typename... Arguments>
 CallResult Call(const char* name, const WCHAR* failure, const WCHAR* printer,
                 Arguments... arguments) {
-    HMODULE library = LoadDriverLibrary(kLibrary);
+    HMODULE library = LoadDriverLibrary(kDeviceLibrary);
     if (library == nullptr) {
         MessageBoxW(nullptr, failure, TEXT("Error"), MB_ICONERROR | MB_OK);
         return CallResult::kNoLibrary;
@@ -114,7 +112,7 @@ void AskDevice(DeviceQuery query, HWND window, const WCHAR* printer) {
     DriverFolderPath(folder);
     WCHAR parameters[1024];
     StringCchPrintfW(parameters, std::size(parameters),
-                     TEXT("%s,DrvUI_GetDeviceInfo -T%d -W%d -P\"%s\""), kLibrary,
+                     TEXT("%s,DrvUI_GetDeviceInfo -T%d -W%d -P\"%s\""), kDeviceLibrary,
                      static_cast<int>(query), static_cast<int>(reinterpret_cast<LONG_PTR>(window)),
                      printer != nullptr ? printer : TEXT(""));
     ShellExecuteW(nullptr, TEXT("open"), TEXT("rundll32.exe"), parameters, folder, SW_SHOWNORMAL);

@@ -11,6 +11,9 @@
 
 #include <optional>
 
+/// In the driver directory.
+inline constexpr const WCHAR* kDeviceLibrary = TEXT("PrnBridge.dll");
+
 // ---- Calls --------------------------------------------------------------------------------------
 
 /// What the ribbon status is made of.

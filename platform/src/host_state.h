@@ -58,6 +58,9 @@ WideString FromUtf8(const std::string& text);
 WideString Decode(UINT codePage, const std::string& bytes, bool* replaced = nullptr);
 std::string Encode(UINT codePage, const WideString& text, bool* replaced = nullptr);
 
+/// Runs a program that the shell has started, if one waits.
+bool RunWaitingProgram();
+
 // One each per service: forgets what Reset drops, and what is still held.
 void ResetMemory();
 void ResetModules();

@@ -48,6 +48,9 @@ std::string LoadDriver(DocumentPropertiesFunction* documentProperties);
 /// Why nobody can use a sheet shown on this computer; empty when a user can.
 std::string WhyNoUser();
 
+/// The folder on disk where this program lies.
+std::filesystem::path ProgramFolder();
+
 /// The folder on disk where the driver package lies.
 std::filesystem::path DriverFolder();
 

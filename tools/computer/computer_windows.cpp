@@ -32,10 +32,7 @@ std::string Reason(const char* what) {
 }
 
 WideString BesideProgram(const WCHAR* name) {
-    WCHAR path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const WideString program = path;
-    return program.substr(0, program.find_last_of(TEXT("\\/")) + 1) + name;
+    return (ProgramFolder() / name).wstring();
 }
 
 // The library itself stands for the rendering half too, which is a component of its own and never
@@ -120,6 +117,12 @@ std::string LoadDriver(DocumentPropertiesFunction* documentProperties) {
 
 std::string WhyNoUser() {
     return {};
+}
+
+std::filesystem::path ProgramFolder() {
+    WCHAR path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path();
 }
 
 std::filesystem::path DriverFolder() {

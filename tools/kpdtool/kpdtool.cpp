@@ -10,7 +10,7 @@ namespace kpdtool {
 
 // Each in the file of its name.
 Declare DeclareCaps, DeclareRecord, DeclareShow, DeclareDiff, DeclareConvert, DeclareSheet,
-    DeclareSettings, DeclareLayout;
+    DeclareSettings, DeclareDevice, DeclareLayout;
 
 namespace {
 
@@ -37,6 +37,8 @@ constexpr CommandRow kCommands[] = {
      "kpdtool sheet --script tools/samples/tour.sheet --pictures out/pages", DeclareSheet},
     {"settings", "Decode, write, apply and compare settings files",
      "kpdtool settings show Export.mcs", DeclareSettings},
+    {"device", "Ask a printer everything that the pages ask it",
+     "kpdtool device show \"Badge room\"", DeclareDevice},
     {"layout", "Print the layout of the record as docs/record.md has it",
      "kpdtool layout > docs/record.md", DeclareLayout},
 };

@@ -1,6 +1,7 @@
 // kpdtool sheet: the document sheet, opened as an application does and used as a script says.
 #include "arguments.h"
 #include "commands.h"
+#include "connected_device.h"
 #include "core/page_table.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
@@ -27,6 +28,7 @@ struct Options {
     bool remote = false;
     std::string language;  ///< empty: the user's as it is
     std::string package;
+    std::string device;
     std::string in;
     std::string out;
     std::string script;
@@ -48,6 +50,7 @@ constexpr char kNotation[] =
     R"(A TEXT, ITEM or CONTROL stands in double quotes, "\"" for one within. A control is named by its
 English text, or a field by the label before it; "Rotate 180"#2 is the second of that text; or by
 its IDC_ name. Answers are for the next message box (yes, no, ...) or file dialog ("a file").
+"await" in place of "expect" waits, half a minute at most, until the expectation holds.
 A script that presses neither ok nor cancel ends with ok. Exit status 1: an expectation failed.)";
 
 void Require(const std::string& reason) {
@@ -189,6 +192,7 @@ int RunSheet(const Options& options, std::ostream& out) {
         language.emplace(options.language);
     }
     InstallPackage(options);
+    const ConnectedDevice device(options.device);
     Application application(options);
     std::vector<BYTE> input = application.Input();
     const StoredRecord before = Trimmed("the input record", input);
@@ -225,6 +229,7 @@ Run DeclareSheet(CLI::App& command) {
     command.add_option("--package", options->package,
                        "The driver package's folder, for its language files and pictures (default: "
                        "that of the sources)");
+    AddDevice(command, options->device);
     command.add_option("--in", options->in,
                        "The record that the application has (default: the printer's)");
     AddOut(command, options->out);

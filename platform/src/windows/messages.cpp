@@ -100,6 +100,9 @@ bool Take(const Filter& filter, bool wait, bool remove, MSG* message) {
         *message = MessageFor(toPaint, WM_PAINT, 0, 0);
         return true;
     }
+    if (wait && host::RunWaitingProgram()) {
+        return Take(filter, wait, remove, message);
+    }
     return TakeTimer(filter, wait, remove, message);
 }
 

@@ -280,12 +280,18 @@ std::vector<BYTE> FileBytes(const std::string& place, const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-Step StepIn(const std::string& place, const std::vector<Word>& words) {
+Step StepIn(const std::string& place, std::vector<Word> words) {
+    if (!words[0].quoted && words[0].text == "await") {
+        words[0].text = "expect";
+        Step step = StepIn(place, std::move(words));
+        step.awaits = true;
+        return step;
+    }
     Match best;
     for (const Form& form : kForms) {
         Match match = MatchForm(form.text, words);
         if (match.problem.empty()) {
-            return {form.verb, 0, std::move(match.operands), {}};
+            return {form.verb, 0, std::move(match.operands), {}, false};
         }
         // Of forms that it follows equally far the last: the others are more special.
         if (match.words >= best.words) {
@@ -314,8 +320,8 @@ Script ParseScript(const std::string& name, std::string_view text) {
     for (int line = 1; !text.empty(); ++line) {
         const size_t end = std::min(text.find('\n'), text.size());
         const std::string place = PlaceOfLine(name, line);
-        if (const auto words = WordsIn(place, text.substr(0, end)); !words.empty()) {
-            Step step = StepIn(place, words);
+        if (auto words = WordsIn(place, text.substr(0, end)); !words.empty()) {
+            Step step = StepIn(place, std::move(words));
             step.line = line;
             if (step.verb == Verb::kCopyData) {
                 step.bytes = FileBytes(place, step.words[1].text);

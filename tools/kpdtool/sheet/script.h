@@ -55,6 +55,7 @@ struct Step {
     int line;
     std::vector<Word> words;  ///< what the step works with, without the words that name it
     std::vector<BYTE> bytes;  ///< of the file that it names
+    bool awaits = false;      ///< an expectation that may take its time
 };
 
 struct Script {

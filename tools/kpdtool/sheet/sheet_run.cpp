@@ -16,6 +16,7 @@ constexpr UINT kRun = WM_APP;
 constexpr UINT kPass = WM_APP + 1;
 constexpr UINT_PTR kRetry = 1;
 constexpr UINT kRetryDelay = 20;  // milliseconds
+constexpr unsigned kLongestAwait = 30000 / kRetryDelay;
 
 bool IsDialog(HWND window) {
     return IsWindowVisible(window) && ClassOf(window) == "#32770";
@@ -99,7 +100,26 @@ bool SheetRun::IsReady() {
         return false;
     }
     HWND modal = running_.empty() ? nullptr : ModalDialog();
-    return running_.empty() || (modal != nullptr && modal != running_.back());
+    return (running_.empty() || (modal != nullptr && modal != running_.back())) && !MustAwait();
+}
+
+// An expectation that is awaited is tried until it holds.
+bool SheetRun::MustAwait() {
+    if (next_ == script_.steps.size() || !script_.steps[next_].awaits ||
+        ++awaited_ > kLongestAwait) {
+        awaited_ = 0;
+        return false;
+    }
+    try {
+        NoteMessages();
+        Do(script_.steps[next_]);
+    } catch (const Unexpected&) {
+        return true;
+    } catch (const std::exception&) {
+        // Said when the step is done.
+    }
+    awaited_ = 0;
+    return false;
 }
 
 void SheetRun::RunNext() {

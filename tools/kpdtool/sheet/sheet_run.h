@@ -52,6 +52,7 @@ class SheetRun {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void Handle(UINT message);
     bool IsReady();
+    bool MustAwait();
     void RunNext();
     void DoNext();
     void Abandon();
@@ -111,6 +112,7 @@ class SheetRun {
     HWND window_ = nullptr;  ///< of our own, never seen: the steps are messages to it
     HWND sheet_ = nullptr;
     size_t next_ = 0;
+    unsigned awaited_ = 0;               ///< how often the next step has been tried in vain
     bool pressed_ = false;               ///< a button that closes the sheet, by the step before
     std::vector<HWND> running_;          ///< dialogs that the steps not yet returned began in
     std::vector<std::string> messages_;  ///< shown since the last step that is no expectation
