@@ -105,7 +105,8 @@ std::vector<int> PrinterFile::Numbers(std::string_view name, size_t count) const
 
 void PrinterFile::SetText(std::string_view name, std::string_view text) {
     changed_ = true;
-    const std::string line = std::string(name) + " = " + std::string(text);
+    std::string line(name);
+    line.append(" = ").append(text);
     for (std::string& each : lines_) {
         if (IsOf(name, each)) {
             each = line;
@@ -118,7 +119,8 @@ void PrinterFile::SetText(std::string_view name, std::string_view text) {
 void PrinterFile::SetNumbers(std::string_view name, const std::vector<int>& numbers) {
     std::string text;
     for (int number : numbers) {
-        text += (text.empty() ? "" : " ") + std::to_string(number);
+        text += text.empty() ? "" : " ";
+        text += std::to_string(number);
     }
     SetText(name, text);
 }

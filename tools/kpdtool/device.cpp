@@ -109,6 +109,8 @@ class Asker {
         if (data.dwData == static_cast<ULONG_PTR>(query_) && !timeIsOver_) {
             const auto* bytes = static_cast<const BYTE*>(data.lpData);
             answer_.emplace(bytes, bytes + (bytes == nullptr ? 0 : data.cbData));
+            // A loop waits for posted messages, and this one was sent.
+            PostMessageW(window_, WM_NULL, 0, 0);
         }
     }
 
