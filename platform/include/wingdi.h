@@ -122,6 +122,7 @@ using LPDEVMODEW = DEVMODEW*;
 // Raster operations, stretching and backgrounds.
 #define SRCCOPY 0xCC0020
 #define SRCPAINT 0xEE0086
+#define MERGECOPY 0xC000CA
 #define PATCOPY 0xF00021
 #define WHITENESS 0xFF0062
 #define BLACKONWHITE 1

@@ -72,7 +72,7 @@ TEST_F(DrawingTest, RasterOperationsCombineEachColour) {
     constexpr COLORREF kSource = RGB(0xCC, 0xCC, 0xCC);
     constexpr COLORREF kBrush = RGB(0xAA, 0xAA, 0xAA);
     const std::pair<DWORD, int> cases[] = {
-        {SRCCOPY, 0xCC}, {SRCPAINT, 0xFC}, {PATCOPY, 0xAA}, {WHITENESS, 0xFF}};
+        {SRCCOPY, 0xCC}, {SRCPAINT, 0xFC}, {MERGECOPY, 0x88}, {PATCOPY, 0xAA}, {WHITENESS, 0xFF}};
     PixelCanvas target(1, 1);
     PixelCanvas source(1, 1);
     Use(target.context, CreateSolidBrush(kBrush));

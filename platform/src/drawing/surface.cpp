@@ -75,6 +75,8 @@ Pixel Combine(DWORD operation, Pixel target, Pixel source, Pixel pattern) {
             return source;
         case SRCPAINT:
             return target | source;
+        case MERGECOPY:
+            return source & pattern;
         case PATCOPY:
             return pattern;
         case WHITENESS:
