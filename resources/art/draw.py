@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the pictures and icons of the driver's dialogs, and writes them where the dialogs' resource
-script looks for them. Needs Debian's python3-pil. No part of the build: what it makes is kept.
+"""Draws the pictures, icons and pointers of the driver's dialogs, and writes them where the dialogs'
+resource script looks for them. Needs Debian's python3-pil. No part of the build: what it makes is kept.
 """
 import math
 import pathlib
@@ -62,6 +62,8 @@ def bitmaps():
         pictures[f"back_mark_{name}"] = motifs.back_mark(is_portrait)
         for sides in motifs.SIDES:
             pictures[f"page_order_{name}_{sides}"] = motifs.page_order(is_portrait, sides)
+    for name in motifs.BLENDED:
+        pictures[name], pictures[f"{name}_mask"] = motifs.blended(name)
     return pictures
 
 
@@ -101,6 +103,16 @@ def ico(images):
     return struct.pack("<HHH", 0, 1, len(images)) + entries + b"".join(parts)
 
 
+def cur(image, hot_spot):
+    """Black and white, since the pointer's shape is what counts."""
+    outside = image.getchannel("A").point(lambda opacity: 0 if opacity > 127 else 255).convert("1")
+    white = image.convert("L").point(lambda light: 255 if light > 127 else 0).convert("1")
+    white.paste(0, mask=outside)
+    masks = packed(white, "1", 1) + packed(outside, "1", 1)
+    part = dib(image.width, 2 * image.height, 1, bytes(4) + b"\xff\xff\xff\0", masks)
+    return struct.pack("<HHHBBBBHHII", 0, 2, 1, *image.size, 2, 0, *hot_spot, len(part), 22) + part
+
+
 def main():
     for name, image in bitmaps().items():
         bits = BITS.get(name, 4)
@@ -111,6 +123,7 @@ def main():
     for name in motifs.ADJUSTMENTS:
         icon = motifs.adjustment_icon(name)
         (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico([icon]))
+    (RESOURCES / "cursors" / "link.cur").write_bytes(cur(motifs.link_cursor(), motifs.FINGERTIP))
 
 
 if __name__ == "__main__":

@@ -20,6 +20,8 @@ PHOTO = "#97CADB"
 STRIPE = "#2A313C"
 FIRST = "#2B7CC7"   # what belongs to a document's first page,
 SECOND = "#E5803A"  # and to its second
+PRINTER = "#4F6179"
+LINK_EDGE = "#1B5288"
 SKIN = "#F0C3A0"
 HAIR = "#5A3220"
 JACKET = "#C2476B"
@@ -33,7 +35,7 @@ CYAN, MAGENTA, YELLOW = "#22B3DE", "#DA3E97", "#F7D633"
 # The colours that stay as they are where a palette has too few for all
 FLAT_COLORS = [ImageColor.getrgb(color) for color in (
     WHITE, BLACK, INK, PAPER, CARD, DESK, DESK_DOT, DESK_EDGE, STRIPE, FIRST, SECOND,
-    PHOTO, SKIN, HAIR, JACKET)]
+    PHOTO, SKIN, HAIR, JACKET, PRINTER, LINK_EDGE, CYAN, MAGENTA, YELLOW, GREEN)]
 
 SCALE = 8  # of what is drawn, before it is made smaller to smooth its edges
 CURVE_STEPS = 16
@@ -284,6 +286,11 @@ GLYPHS = {
     "3": (56, "M2 12 C20 -8 54 -2 54 24 C54 44 36 48 22 48 C40 48 56 54 56 74 "
               "C56 106 14 108 0 86"),
     "4": (62, "M46 100 46 0 0 68 62 68"),
+    "M": (84, "M0 100 0 0 42 66 84 0 84 100"),
+    "i": (0, "M0 38 0 100 M0 8 0 8.1"),
+    "r": (34, "M0 38 0 100 M0 66 C2 48 14 38 34 40"),
+    "v": (56, "M0 38 28 100 56 38"),
+    "w": (88, "M0 38 22 100 44 44 66 100 88 38"),
 }
 
 
@@ -446,4 +453,72 @@ ADJUSTMENTS = {
 def adjustment_icon(name):
     canvas = Canvas(32, 32)
     ADJUSTMENTS[name](canvas)
+    return canvas.picture()
+
+
+# The About page: what covers the page is drawn by a function over whatever ground it gets. Where
+# the page shows through there are no half-covered pixels, so nothing that stands free may be thin.
+
+def logo(canvas):
+    """A printer with the card that comes out of it."""
+    canvas.fill(rectangle(2, 50, 146, 52, 10), PRINTER)
+    canvas.fill(rectangle(2, 94, 146, 8, 4), INK)
+    canvas.fill(rectangle(17, 57, 116, 7, 3), STRIPE)
+    for left, top, color in ((24, 14, YELLOW), (28, 9, MAGENTA), (32, 4, CYAN)):
+        canvas.fill(rectangle(left, top, 90, 61 - top, 5), color)
+    card(canvas, (36, 0, 92, 59), 2, card_front)
+    canvas.fill(rectangle(17, 61, 116, 5), PRINTER)
+    canvas.fill(rectangle(17, 60, 116, 1), STRIPE)
+    write(canvas, "Mirv", 44 + 70j, 19, 7, 4.4, WHITE)
+    canvas.fill(ellipse(133, 80, 3.5, 3.5), GREEN)
+
+
+GLOBE = ("M0 -17 C-22.5 -17 -22.5 17 0 17 C22.5 17 22.5 -17 0 -17",
+         "M0 -17 C-11 -11 -11 11 0 17 C11 11 11 -11 0 -17", "M0 -17 0 17", "M-17 0 17 0",
+         "M-14.5 -9 14.5 -9", "M-14.5 9 14.5 9")
+HAND = ("M7 4 C7 1 12 1 12 4 C12 4 12 12.5 12 12.5 C12.5 10.5 16.5 10.5 17 13 C17.5 11.5 21 11.5 "
+        "21.5 14 C22 12.5 26 12.5 26 16 C26 22 25.5 24 23 27 C23 27 23 30 23 30 C23 30 11 30 11 30 "
+        "C10 26 5.5 22 3 18.5 C1 15.5 4 13.5 6 16 C6 16 7 17.5 7 17.5 C7 17.5 7 4 7 4 Z")
+FINGERTIP = (9, 2)
+FINGERS = "M12 12.5 12 17 M17 13 17 18 M21.5 14.5 21.5 18"
+
+
+def hand(canvas, place=0, scale=1):
+    canvas.fill(area(HAND, place, scale), WHITE)
+    canvas.fill(stroke(1.7 * scale, HAND, place, scale), BLACK)
+    canvas.fill(stroke(1.2 * scale, FINGERS, place, scale), BLACK)
+
+
+def link(canvas):
+    """A button with a globe, and a hand that presses it."""
+    canvas.fill(rectangle(2, 4, 150, 54, 14), LINK_EDGE)
+    canvas.fill(rectangle(2, 2, 150, 53, 14), FIRST)
+    for outline in GLOBE:
+        canvas.fill(stroke(2, outline, 34 + 28.5j), WHITE)
+    write(canvas, "www", 60 + 12j, 25, 4, 3.4, WHITE)
+    canvas.fill(rectangle(59, 42, 72, 2), WHITE)
+    hand(canvas, 129 + 24j, 1.3)
+
+
+BLENDED = {"logo": ((150, 104), logo), "link": ((168, 65), link)}
+
+
+def blended(name):
+    """The picture on black, and its mask: black under it and white where the page shows through."""
+    size, draw = BLENDED[name]
+    canvas = Canvas(*size)
+    draw(canvas)
+    covered = canvas.picture().getchannel("A").point(lambda opacity: 255 if opacity > 127 else 0)
+    on_ground = Canvas(*size, PRINTER)  # against which the outline's pixels are smoothed
+    draw(on_ground)
+    picture = Image.new("RGB", size, BLACK)
+    picture.paste(on_ground.picture(), mask=covered)
+    mask = Image.new("RGB", size, WHITE)
+    mask.paste(BLACK, mask=covered)
+    return picture, mask
+
+
+def link_cursor():
+    canvas = Canvas(32, 32)
+    hand(canvas)
     return canvas.picture()
