@@ -117,16 +117,15 @@ void AnswerNotification(const Page& page, HWND dialog, DriverContext& context,
 
 // ---- Painting ---------------------------------------------------------------------------------
 
-bool PaintPage(const Page& page, HWND dialog, DriverContext& context) {
+void PaintPage(const Page& page, HWND dialog, DriverContext& context) {
     if (page.Paint == nullptr) {
-        return false;
+        return;
     }
     PAINTSTRUCT paint;
     if (HDC target = BeginPaint(dialog, &paint)) {
         page.Paint(dialog, context, target, paint.rcPaint);
     }
     EndPaint(dialog, &paint);
-    return true;
 }
 
 // ---- What the user and the companions do --------------------------------------------------------
@@ -142,15 +141,17 @@ bool PassOn(const Page& page, HWND dialog, DriverContext& context, UINT message,
         case WM_VSCROLL:
             return Call(page.ScrollVertically, dialog, context, control, LOWORD(wParam));
         case WM_COPYDATA:
-            return lParam != 0 && CallInSection(page, page.TakeAnswer, dialog, context,
-                                                *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+            if (lParam != 0) {
+                CallInSection(page, page.TakeAnswer, dialog, context,
+                              *reinterpret_cast<const COPYDATASTRUCT*>(lParam));
+            }
+            return false;
         case WM_HELP:
             return Call(page.Help, dialog, context);
         case WM_MOUSEMOVE:
         case WM_LBUTTONUP:
-            return Call(
-                page.Mouse, dialog, context, message,
-                POINT{static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))});
+            Call(page.Mouse, dialog, context, message, POINT{LOWORD(lParam), HIWORD(lParam)});
+            return false;
         default:
             return false;
     }
@@ -172,7 +173,8 @@ INT_PTR RunPage(const Page& page, HWND dialog, UINT message, WPARAM wParam, LPAR
             AnswerNotification(page, dialog, *context, *reinterpret_cast<const NMHDR*>(lParam));
             return FALSE;
         case WM_PAINT:
-            return PaintPage(page, dialog, *context);
+            PaintPage(page, dialog, *context);
+            return FALSE;
         case WM_DRAWITEM:
             return Call(page.DrawItem, dialog, *context,
                         *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));

@@ -48,7 +48,8 @@ struct Page {
     void (*Paint)(HWND dialog, DriverContext& context, HDC target, const RECT& asked) = nullptr;
     /// The user's F1 on a control.
     void (*Help)(HWND dialog, DriverContext& context) = nullptr;
-    /// `message` is WM_MOUSEMOVE or WM_LBUTTONUP.
+    /// `message` is WM_MOUSEMOVE or WM_LBUTTONUP. No place is negative: the message's words count
+    /// without sign.
     void (*Mouse)(HWND dialog, DriverContext& context, UINT message, POINT at) = nullptr;
     /// Releases what the page holds; its controls are still there.
     void (*Close)(HWND dialog, DriverContext& context) = nullptr;
