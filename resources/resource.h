@@ -186,3 +186,23 @@
 #define IDC_LAMINATION_A_SCROLL 1702
 #define IDC_LAMINATION_B 1703
 #define IDC_LAMINATION_B_SCROLL 1704
+
+/* About */
+#define IDC_LOGO 1901
+#define IDC_DRIVER_TITLE 1902
+#define IDC_VERSION_LABEL 1903
+#define IDC_VERSION 1904
+#define IDC_DATE_LABEL 1905
+#define IDC_DATE 1906
+#define IDC_FIRMWARE_LABEL 1907
+#define IDC_FIRMWARE 1908
+#define IDC_WEB_SITE_NEWS 1909
+#define IDC_WEB_SITE_MORE 1910
+#define IDC_LINK 1911
+
+/* About: pictures with their masks, and the pointer over the link */
+#define IDCUR_LINK 131
+#define IDB_LOGO 132
+#define IDB_LOGO_MASK 133
+#define IDB_LINK 134
+#define IDB_LINK_MASK 135

@@ -1,4 +1,5 @@
 // Resources of a program and the pictures that are made of them, or of files.
+#include "resources/resource.h"
 #include "tests.h"
 #include "window_test.h"
 
@@ -114,9 +115,9 @@ TEST_F(ResourcesTest, IconsAndCursorsAreLoadedOnce) {
     EXPECT_EQ(Drawn(icon, {{1, 1}, {16, 16}, {30, 16}}), "GRG");
     EXPECT_EQ(LoadIconW(module_, MAKEINTRESOURCEW(IDI_SIZES)), icon);
     EXPECT_EQ(LoadIconW(module_, MAKEINTRESOURCEW(IDB_COLORS)), nullptr);
-    const HCURSOR cursor = LoadCursorW(module_, MAKEINTRESOURCEW(IDC_MARK));
+    const HCURSOR cursor = LoadCursorW(module_, MAKEINTRESOURCEW(IDCUR_LINK));
     ASSERT_NE(cursor, nullptr);
-    EXPECT_EQ(LoadCursorW(module_, MAKEINTRESOURCEW(IDC_MARK)), cursor);
+    EXPECT_EQ(LoadCursorW(module_, MAKEINTRESOURCEW(IDCUR_LINK)), cursor);
     EXPECT_EQ(LoadCursorW(nullptr, IDC_ARROW), LoadCursorW(nullptr, IDC_ARROW));
     EXPECT_NE(LoadCursorW(nullptr, IDC_ARROW), LoadCursorW(nullptr, IDC_WAIT));
     EXPECT_EQ(LoadCursorW(module_, MAKEINTRESOURCEW(IDB_COLORS)), nullptr);

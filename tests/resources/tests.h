@@ -3,7 +3,6 @@
 
 #define IDB_COLORS 1001
 #define IDI_SIZES 1002
-#define IDC_MARK 1003
 #define IDR_BYTES 1004
 
 #define IDD_CLASSES 1010

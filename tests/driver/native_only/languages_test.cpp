@@ -97,7 +97,8 @@ class LanguagesTest : public SheetTest {
             const bool isNumber =
                 lookup.key.find_first_not_of(TEXT("-.0123456789")) == lookup.key.npos;
             const bool isSeveralLines = lookup.key.find('\n') != lookup.key.npos;
-            if (!lookup.section.empty() && !isNumber && !isSeveralLines) {
+            const bool isModel = lookup.key.ends_with(TEXT(" Driver"));
+            if (!lookup.section.empty() && !isNumber && !isSeveralLines && !isModel) {
                 keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
             }
         }
