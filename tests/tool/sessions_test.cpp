@@ -1,7 +1,8 @@
 // Whole sessions with the document sheet, kept as files: tests/scripts/NAME.sheet played by
 // kpdtool, on the default record or NAME.in.dm, gives the bytes of NAME.dm. A session plays in a
 // folder with all settings files of tests/scripts, and leaves NAME.mcs as Export.mcs if there is
-// one.
+// one. With NAME.printer.txt the sample printer of that state is connected, and in the state of
+// NAME.told.txt at the end.
 #include "platform_test.h"
 #include "tools/kpdtool/kpdtool.h"
 
@@ -67,9 +68,19 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
         if (std::filesystem::exists(input)) {
             arguments.insert(arguments.end(), {"--in", input.string()});
         }
+        const std::filesystem::path printer = playground / "printer.txt";
+        const std::filesystem::path told = folder / (name + ".told.txt");
+        if (std::filesystem::exists(told)) {
+            WriteBytes(TestFolder() + TEXT("\\printer.txt"),
+                       Bytes(folder / (name + ".printer.txt")));
+            arguments.insert(arguments.end(), {"--device", printer.string()});
+        }
         std::ostringstream said;
         EXPECT_EQ(RunKpdtool(arguments, said, said), 0) << said.str();
         EXPECT_TRUE(Bytes(out) == Bytes(folder / (name + ".dm"))) << said.str();
+        if (std::filesystem::exists(told)) {
+            EXPECT_EQ(Bytes(printer), Bytes(told));
+        }
         const std::filesystem::path exported = folder / (name + ".mcs");
         if (std::filesystem::exists(exported)) {
             EXPECT_TRUE(Bytes(playground / "Export.mcs") == Bytes(exported));
