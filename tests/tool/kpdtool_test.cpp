@@ -229,6 +229,7 @@ TEST_F(KpdtoolTest, BadInputGivesOneLineAndNoFile) {
         {std::string(72, 0), "claims a record of 0 bytes"},
         {whole.substr(0, 583),
          "has 583 bytes, but claims a record of 584 (public part 220, private part 364)"},
+        {Bytes(ExportedSettings()), "is a settings file, no record: see kpdtool settings --help"},
         {huge, "has 584 bytes, but claims a record of 65608 (public part 220, private part 65388)"},
     };
     const std::string good = Store("good.dm", whole);
@@ -282,6 +283,10 @@ TEST_F(KpdtoolTest, UsageErrors) {
         const Outcome help = Kpdtool({command, "--help"});
         EXPECT_EQ(help.status, 0);
         EXPECT_NE(help.out.find("Example:\n  kpdtool " + std::string(command)), std::string::npos);
+    }
+    for (const std::string command : {"show", "export", "import", "diff", "layout"}) {
+        const std::string help = Kpdtool({"settings", command, "--help"}).out;
+        EXPECT_NE(help.find("Example:\n  kpdtool settings " + command), std::string::npos);
     }
 }
 
@@ -517,6 +522,21 @@ TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
     const Outcome beside = Kpdtool({"settings", "diff", stored, cut, "--json"});
     EXPECT_EQ(beside.status, 1);
     EXPECT_EQ(Json::parse(beside.out)["fields"].size(), 6u) << beside.out;
+}
+
+TEST_F(KpdtoolTest, ModelsWithoutTheSettingsPageAreNamed) {
+    for (const std::string model : {"Mirv KP-43", "Mirv KP-41"}) {
+        const std::string note = "kpdtool: note: users of Mirv KP-43 have no Import/Export page\n";
+        const std::string expected = model == "Mirv KP-43" ? note : "";
+        const Outcome outcome =
+            Kpdtool({"settings", "export", model, "--out", Path("settings.mcs")});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.err, expected);
+        EXPECT_EQ(
+            Kpdtool({"settings", "import", Path("settings.mcs"), model, "--out", Path("out.dm")})
+                .err,
+            expected);
+    }
 }
 
 TEST_F(KpdtoolTest, SettingsThatAreNotThereAreNamed) {

@@ -4,6 +4,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "core/merge.h"
+#include "core/page_table.h"
 #include "printer_context.h"
 #include "temporary_printer.h"
 #include "text_table.h"
@@ -342,6 +343,7 @@ class Session {
         FillPage(kDeviceOptionsPage, *context_);
     }
     DriverContext& Context() { return *context_; }
+    bool HasPage() const { return PageTable[kImportExportSlot].IsAdded(*context_); }
     StoredRecord Before() { return Trimmed(record_); }
     StoredRecord Accepted() {
         std::vector<BYTE> output(kLargestRecord);
@@ -365,8 +367,16 @@ class Session {
     OwnedContext context_;
 };
 
-int Export(const TransferOptions& options, std::ostream& out) {
+void NotePage(std::ostream& notes, const TransferOptions& options, const Session& session) {
+    if (!session.HasPage()) {
+        notes << "kpdtool: note: users of " << options.printer.model
+              << " have no Import/Export page\n";
+    }
+}
+
+int Export(const TransferOptions& options, std::ostream& out, std::ostream& notes) {
     Session session(options);
+    NotePage(notes, options, session);
     const DWORD asked = AskedParts(options);
     BYTE file[kLargestSettingsFile];
     const size_t size =
@@ -376,10 +386,11 @@ int Export(const TransferOptions& options, std::ostream& out) {
     return Show({options.out, options.json}, out);
 }
 
-int Import(const TransferOptions& options, std::ostream& out) {
+int Import(const TransferOptions& options, std::ostream& out, std::ostream& notes) {
     const StoredSettings settings = ReadSettings(options.file);
     const DWORD parts = PartsToImport(options, settings);
     Session session(options);
+    NotePage(notes, options, session);
     TakeSettings(settings.All(), parts, session.Context());
     const StoredRecord after = session.Accepted();
     const Differences changes(session.Before(), after);
@@ -404,8 +415,10 @@ struct Declared {
 };
 
 template <typename Options>
-Declared<Options> AddCommand(CLI::App& settings, const char* name, const char* description) {
+Declared<Options> AddCommand(CLI::App& settings, const char* name, const char* description,
+                             const std::string& example) {
     Declared<Options> declared = {settings.add_subcommand(name, description)};
+    declared.command->footer("Example:\n  kpdtool settings " + example);
     AddJson(*declared.command, declared.options->json);
     return declared;
 }
@@ -426,25 +439,30 @@ void AddTransfer(CLI::App& command, TransferOptions& options, const char* outDes
 
 Run DeclareSettings(CLI::App& command) {
     command.require_subcommand(1);
-    const auto show = AddCommand<ShowOptions>(command, "show", "Decode a settings file");
+    const auto show =
+        AddCommand<ShowOptions>(command, "show", "Decode a settings file", "show Export.mcs");
     show.command->add_option("FILE", show.options->file, "The settings file")->required();
 
     const auto exports = AddCommand<TransferOptions>(
-        command, "export", "Write the file that the page of a sheet just opened would write");
+        command, "export", "Write the file that the page of a sheet just opened would write",
+        "export \"Mirv KP-41\" --in card.dm --out Export.mcs");
     AddTransfer(*exports.command, *exports.options, "The settings file");
 
     const auto imports = AddCommand<TransferOptions>(
-        command, "import", "Give the record that the page's import and OK would give");
+        command, "import", "Give the record that the page's import and OK would give",
+        "import Export.mcs \"Mirv KP-511\" --parts device --out card.dm");
     imports.command->add_option("FILE", imports.options->file, "The settings file")->required();
     AddTransfer(*imports.command, *imports.options, "Write the resulting record to this file");
 
-    const auto diff = AddCommand<DiffOptions>(command, "diff", "Name the settings that differ");
+    const auto diff = AddCommand<DiffOptions>(command, "diff", "Name the settings that differ",
+                                              "diff Export.mcs card.dm");
     diff.command->add_option("FIRST", diff.options->first, "A settings file, or a record")
         ->required();
     diff.command->add_option("SECOND", diff.options->second, "Another")->required();
 
     CLI::App* layout =
         command.add_subcommand("layout", "Print the layout as docs/settings-file.md has it");
+    layout->footer("Example:\n  kpdtool settings layout > docs/settings-file.md");
     return [=](std::ostream& out, std::ostream& notes) {
         for (const auto* transfer : {&exports, &imports}) {
             if (transfer->command->parsed()) {
@@ -452,8 +470,8 @@ Run DeclareSettings(CLI::App& command) {
             }
         }
         return show.command->parsed()      ? Show(*show.options, out)
-               : exports.command->parsed() ? Export(*exports.options, out)
-               : imports.command->parsed() ? Import(*imports.options, out)
+               : exports.command->parsed() ? Export(*exports.options, out, notes)
+               : imports.command->parsed() ? Import(*imports.options, out, notes)
                : diff.command->parsed()    ? Compare(*diff.options, out)
                : layout->parsed()          ? PrintLayout(out)
                                            : 2;

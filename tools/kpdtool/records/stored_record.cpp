@@ -2,6 +2,7 @@
 #include "stored_record.h"
 
 #include "core/merge.h"
+#include "core/settings_file.h"
 #include "tools/kpdtool/tool_error.h"
 #include "tools/kpdtool/wide_text.h"
 
@@ -16,6 +17,12 @@ namespace fs = std::filesystem;
 
 WORD WordAt(const std::vector<BYTE>& bytes, size_t offset) {
     return static_cast<WORD>(bytes[offset] | bytes[offset + 1] << 8);
+}
+
+bool IsSettingsFile(const std::vector<BYTE>& bytes) {
+    DWORD parts;
+    const SettingsStatus status = ScanSettings(bytes, &parts);
+    return status != SettingsStatus::kNoHeader && status != SettingsStatus::kNoKeyword;
 }
 
 [[noreturn]] void Fail(const std::string& path, const std::string& reason) {
@@ -49,6 +56,9 @@ bool WriteWhole(const fs::path& path, Bytes bytes) {
 
 StoredRecord::StoredRecord(const std::string& source, std::vector<BYTE> bytes)
     : bytes_(std::move(bytes)) {
+    if (IsSettingsFile(bytes_)) {
+        Fail(source, "is a settings file, no record: see kpdtool settings --help");
+    }
     if (bytes_.size() < kHeaderSize) {
         Fail(source, "has " + Count(bytes_.size()) + ", fewer than the " +
                          std::to_string(kHeaderSize) + " that every record has");
