@@ -8,15 +8,19 @@ namespace {
 
 class TextRoomTest : public SheetTest {
   protected:
-    /// The texts of a page that are cut.
+    /// The texts of a page or dialog that are cut.
     static std::string CutTexts(HWND page) {
         std::string texts;
-        for (HWND control = GetWindow(page, GW_CHILD); control != nullptr;
-             control = GetWindow(control, GW_HWNDNEXT)) {
-            if (const WideString text = CutTextOf(control); !text.empty()) {
-                texts += std::to_string(GetDlgCtrlID(control)) + " \"" +
+        const auto add = [&](HWND window) {
+            if (const WideString text = CutTextOf(window); !text.empty()) {
+                texts += std::to_string(GetDlgCtrlID(window)) + " \"" +
                          std::filesystem::path(text).string() + "\"\n";
             }
+        };
+        add(page);
+        for (HWND control = GetWindow(page, GW_CHILD); control != nullptr;
+             control = GetWindow(control, GW_HWNDNEXT)) {
+            add(control);
         }
         return texts;
     }

@@ -156,6 +156,20 @@ WideString CutItemOf(HWND comboBox) {
     return {};
 }
 
+// Titles are drawn bold, an eighth wider than in the dialog's own font, before a button to close.
+WideString CutTitleOf(HWND dialog) {
+    constexpr int kMargin = 8;
+    if ((GetWindowLongW(dialog, GWL_STYLE) & (WS_CHILD | WS_CAPTION)) != WS_CAPTION) {
+        return {};
+    }
+    RECT room;
+    GetClientRect(dialog, &room);
+    room.right -= GetSystemMetrics(SM_CYCAPTION) + kMargin;
+    const WideString title = WideTextOf(dialog);
+    return SizeOf(dialog, title, room, DT_SINGLELINE).cx * 9 / 8 > room.right ? title
+                                                                              : WideString();
+}
+
 }  // namespace
 
 WideString CutTextOf(HWND control) {
@@ -165,6 +179,9 @@ WideString CutTextOf(HWND control) {
     GetClassNameW(control, name, 16);
     if (WideString(name) == TEXT("ComboBox")) {
         return CutItemOf(control);
+    }
+    if (WideString(name) == TEXT("#32770")) {
+        return CutTitleOf(control);
     }
     const bool isButton = WideString(name) == TEXT("Button");
     if (!isButton && WideString(name) != TEXT("Static")) {

@@ -35,8 +35,9 @@ void Note(UINT message, WPARAM wParam, LPARAM lParam);
 std::string TextOf(HWND window);
 WideString WideTextOf(HWND window);
 
-/// The text of a static control or button, or the first item of a combo box, that does not fit into
-/// it, drawn in its font and, in a static control, wrapped to its width; empty when all do.
+/// The text of a static control or button, the first item of a combo box or the title of a dialog,
+/// that does not fit into it, drawn in its font and, in a static control, wrapped to its width;
+/// empty when all do.
 WideString CutTextOf(HWND control);
 
 void Press(HWND window, int key);          ///< WM_KEYDOWN and WM_KEYUP, sent
