@@ -271,6 +271,8 @@ TEST_F(ColorPageTest, GammasSliderIsFinerBelowOne) {
         {19, TB_LINEUP, "0.11", 10},
         {9, TB_LINEUP, "0.10", 1},
         {11, TB_PAGEDOWN, "0.12", 20},
+        {20, TB_PAGEDOWN, "0.13", 30},
+        {20, TB_PAGEUP, "0.12", 20},
         {455, TB_THUMBPOSITION, "0.55", 450},
         {891, TB_LINEDOWN, "1.00", 900},
         {899, TB_LINEUP, "0.99", 890},
@@ -308,8 +310,10 @@ TEST_F(ColorPageTest, GammaIsReadWhileItIsTypedAndWhenItIsLeft) {
         SetWindowTextW(edit, Wide(c.typed).c_str());
         EXPECT_EQ(Record().Gamma, c.gamma) << c.typed;
         TakeChanges();
+        const size_t typed = ShownMessages().size();
         SetFocus(Item(IDC_COLOR_RESET));
         HandlePosted();
+        EXPECT_EQ(TakeChanges() > 0, ShownMessages().size() > typed) << c.typed;
         EXPECT_EQ(Looks(IDC_GAMMA), c.left) << c.typed;
         EXPECT_EQ(Record().Gamma, c.gamma) << c.typed;
         EXPECT_EQ(ShownMessages().size() - shown, c.messages) << c.typed;
