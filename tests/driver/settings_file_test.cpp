@@ -222,6 +222,8 @@ TEST_F(SettingsFileTest, FilesOfEveryKind) {
         {"a body cut short", File(2, device + Record(kColor, Ascending(101, 46), 47)), kDone, 3, 16,
          0},
         {"too long a length", File(2, Record(kDevice, kDeviceBody, 17)), kDone, 1, 0, 0},
+        {"another within one that is cut short", File(2, Record(kDevice, color, 0xFFFF)), kDone, 1,
+         0, 0},
         {"one that swallows another", File(2, Record(kDevice, kDeviceBody + color, 0xFFFF)), kDone,
          1, 0, 0},
     };
