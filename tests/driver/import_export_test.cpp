@@ -348,6 +348,15 @@ class ImportedPagesTest : public SheetTest {
     static inline WNDPROC sheetProcedure_ = nullptr;
 };
 
+TEST_F(ImportedPagesTest, SayWhatAFileIsFor) {
+    constexpr int kImportExportTab = 6;
+    RunSheet(TEXT("Mirv KP-41"), {[] {
+                 HWND page = ShowPage(kImportExportTab);
+                 EXPECT_TRUE(TextOf(GetDlgItem(page, IDC_NOTICE))
+                                 .starts_with("Hinweis:\n    Um dieselben Einstellungen"));
+             }});
+}
+
 TEST_F(ImportedPagesTest, CorrectWhatComesAndShowItWhetherTheyWereOpenOrNot) {
     const struct {
         const char* name;

@@ -73,7 +73,7 @@ class ImportExportFaults : public OptionsPageTest {
                 continue;  // the file dialog's own
             }
             EXPECT_EQ(box.title, TEXT("Error"));
-            EXPECT_EQ(box.type & MB_TYPEMASK, UINT{MB_OK});
+            EXPECT_EQ(box.type, UINT{MB_OK | MB_ICONERROR});
             texts += Narrow(box.text) + "|";
         }
         return texts;
@@ -145,9 +145,14 @@ TEST_F(ImportExportFaults, FilesThatChangeMeanwhile) {
         EXPECT_EQ(Record().Cyan, 0);
     }
     WriteBytes(kFile, good);
-    AcceptParts({}, [] { std::filesystem::remove(DiskPath(kFile)); });
+    const auto removeIt = [] { std::filesystem::remove(DiskPath(kFile)); };
+    AcceptParts({}, removeIt);
     Import(kFile);
     EXPECT_EQ(Messages(), "Can't open file!|");
+    WriteBytes(kFile, good);
+    AcceptParts({IDC_DEVICE_OPTION_PART, IDC_COLOR_PART}, removeIt);
+    Import(kFile);
+    EXPECT_EQ(Messages(), "") << "nothing was chosen, so it is not read again";
 }
 
 TEST_F(ImportExportFaults, NamesOutsideTheCodePage) {
@@ -186,7 +191,8 @@ TEST_F(ImportExportFaults, CallsThatFail) {
         unsigned failed = 0;
         for (unsigned n = 1;; ++n) {
             context_.WorkingDevMode = record;
-            AcceptParts({});
+            bool asked = false;
+            AcceptParts({}, [&] { asked = DialogWith(IDC_COLOR_PART) != nullptr; });
             const unsigned calls = host::CallCount(kind);
             host::FailCall(kind, n);
             Import(kFile);
@@ -194,6 +200,7 @@ TEST_F(ImportExportFaults, CallsThatFail) {
             const std::string messages = Messages();
             EXPECT_TRUE(host::CurrentHoldings() == before) << n;
             EXPECT_EQ(Record().RibbonType == kRibbonKO, Record().Cyan == 44);
+            EXPECT_TRUE(asked || Record().Cyan == 0) << "without asking for the parts";
             if (host::CallCount(kind) - calls < n) {
                 EXPECT_EQ(Record().Cyan, 44);
                 EXPECT_EQ(messages, "");
