@@ -493,6 +493,13 @@ TEST_F(KpdtoolTest, SettingsGoThePagesWay) {
         with({"settings", "import", settings, "Mirv KP-41", "--parts", "device", "--out",
               Path("tool.dm")});
         EXPECT_EQ(Stored("tool.dm"), Stored("page.dm"));
+
+        const Json changes =
+            Json::parse(Kpdtool({"settings", "import", settings, "Mirv KP-41", "--parts", "device",
+                                 "--in", Path("page.dm"), "--out", Path("again.dm"), "--json"})
+                            .out);
+        EXPECT_EQ(changes["model"], "Mirv KP-41");
+        EXPECT_EQ(changes["fields"], Json::array()) << "it has them already";
     }
 }
 
@@ -505,6 +512,7 @@ TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
     const std::string cut = Store("cut.mcs", bytes);
     EXPECT_EQ(LineOf(Kpdtool({"settings", "show", settings}).out, "RibbonType"),
               "RibbonType 4 YMCKOK");
+    EXPECT_NE(Kpdtool({"settings", "show", cut}).out.find("Color: cut short\n"), std::string::npos);
     const Json parts = Json::parse(Kpdtool({"settings", "show", cut, "--json"}).out)["parts"];
     ASSERT_EQ(parts.size(), 2u);
     EXPECT_EQ(parts[0]["whole"], true);
@@ -522,6 +530,16 @@ TEST_F(KpdtoolTest, SettingsFilesAreShownAndCompared) {
     const Outcome beside = Kpdtool({"settings", "diff", stored, cut, "--json"});
     EXPECT_EQ(beside.status, 1);
     EXPECT_EQ(Json::parse(beside.out)["fields"].size(), 6u) << beside.out;
+}
+
+TEST_F(KpdtoolTest, ExportsTheAskedPartsForTheAskedUser) {
+    const Outcome outcome = Kpdtool({"settings", "export", "Mirv KP-430e", "--parts", "color",
+                                     "--language", "zh-CN", "--out", Path("a.mcs"), "--json"});
+    const Json parts = Json::parse(outcome.out)["parts"];
+    ASSERT_EQ(parts.size(), 1u);
+    EXPECT_EQ(parts[0]["part"], "Color");
+    EXPECT_EQ(FieldOf(parts[0], "SkinTone")["value"], 2);
+    EXPECT_EQ(Stored("a.mcs").size(), 75u);
 }
 
 TEST_F(KpdtoolTest, ModelsWithoutTheSettingsPageAreNamed) {
