@@ -110,7 +110,7 @@ class Asker {
             const auto* bytes = static_cast<const BYTE*>(data.lpData);
             answer_.emplace(bytes, bytes + (bytes == nullptr ? 0 : data.cbData));
             // A loop waits for posted messages, and this one was sent.
-            PostMessageW(window_, WM_NULL, 0, 0);
+            PostMessageW(window_, WM_APP, 0, 0);
         }
     }
 
