@@ -5,7 +5,7 @@
 
 struct RecordField {
     WORD Offset;  ///< in DevModeRecord
-    WORD Width;   ///< 1, 2 or 4 bytes
+    WORD Width;   ///< 1, 2 or 4 bytes; of a field that is no number any
 };
 
 /// RECORD_FIELD(Public.dmOrientation), RECORD_FIELD(Private.WhiteSkip).
@@ -15,5 +15,5 @@ struct RecordField {
 
 /// The bits of the field as an unsigned number.
 DWORD ReadField(const DevModeRecord& record, RecordField field);
-/// Writes as many bits as the field has.
+/// Writes as many bits as the field has; in a field of more than four bytes zeros behind them.
 void WriteField(DevModeRecord& record, RecordField field, DWORD value);

@@ -114,6 +114,7 @@ bool WritePng(const std::filesystem::path& path, const Picture& picture);
 struct PrintedDocument {
     WideString printer;
     WideString name;
+    WideString dataType;
     std::vector<BYTE> record;  ///< the device mode record the context was made with
     std::vector<Picture> pages;
     bool ended;  ///< EndDoc came; not when aborted
@@ -132,6 +133,7 @@ void AddResources(const void* bytes, size_t size);
 enum class Call {
     kHeap,
     kGlobal,
+    kPages,  ///< VirtualAlloc
     kModule,
     kFile,
     kProfile,
@@ -157,6 +159,7 @@ unsigned CallCount(Call kind);
 struct Holdings {
     unsigned heaps;
     unsigned globalBlocks;
+    unsigned pageBlocks;  ///< of VirtualAlloc
     unsigned modules;
     unsigned files;
     unsigned searches;

@@ -51,6 +51,8 @@ struct SECURITY_ATTRIBUTES;
 struct OVERLAPPED;
 
 #define MEM_COMMIT 0x00001000
+#define MEM_RESERVE 0x00002000
+#define MEM_RELEASE 0x00008000
 #define MEM_FREE 0x00010000
 #define PAGE_NOACCESS 0x01
 #define PAGE_READONLY 0x02
@@ -77,6 +79,10 @@ BOOL WINAPI HeapDestroy(HANDLE heap);
 LPVOID WINAPI HeapAlloc(HANDLE heap, DWORD flags, SIZE_T size);
 HGLOBAL WINAPI GlobalAlloc(UINT flags, SIZE_T size);
 HGLOBAL WINAPI GlobalFree(HGLOBAL block);
+/// Whole pages, zeroed; here always committed, readable and writable, at any address.
+LPVOID WINAPI VirtualAlloc(LPVOID address, SIZE_T size, DWORD type, DWORD protection);
+/// A block of VirtualAlloc's as a whole.
+BOOL WINAPI VirtualFree(LPVOID address, SIZE_T size, DWORD type);
 /// Describes the pages of equal rights from the one that holds the address on. Gives the bytes
 /// written, 0 for an address that no program can have.
 SIZE_T WINAPI VirtualQuery(LPCVOID address, MEMORY_BASIC_INFORMATION* memory, SIZE_T size);

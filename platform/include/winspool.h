@@ -64,5 +64,9 @@ DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE d
                              LPDWORD needed);
 DWORD WINAPI GetPrinterDataExW(HANDLE printer, LPCWSTR key, LPCWSTR name, LPDWORD type, LPBYTE data,
                                DWORD size, LPDWORD needed);
+/// The size of the printer's device mode record (mode 0), or the record (DM_OUT_BUFFER). Here the
+/// spooler's own answers, where a driver's would; negative on failure.
+LONG WINAPI DocumentPropertiesW(HWND window, HANDLE printer, LPWSTR device, PDEVMODEW output,
+                                PDEVMODEW input, DWORD mode);
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size);
 }

@@ -1,5 +1,7 @@
-// What is where in the process's memory, as its own system tells it.
+// Memory in pages, and what is where in the process's memory, as its own system gives and tells it.
 #include "host_state.h"
+
+#include <sys/mman.h>
 
 #include <cstdio>
 #include <cstring>
@@ -16,6 +18,8 @@ struct Mapping {
     bool writable;
 };
 
+std::unordered_map<void*, size_t> blocks;  // of VirtualAlloc, with their sizes
+
 bool ReadMapping(std::FILE* maps, Mapping& mapping) {
     unsigned long begin = 0;
     unsigned long end = 0;
@@ -28,6 +32,39 @@ bool ReadMapping(std::FILE* maps, Mapping& mapping) {
 }
 
 }  // namespace
+
+LPVOID WINAPI VirtualAlloc(LPVOID address, SIZE_T size, DWORD type, DWORD protection) {
+    if (address != nullptr || type != (MEM_RESERVE | MEM_COMMIT) || protection != PAGE_READWRITE) {
+        host::Unsupported("VirtualAlloc of type %#x with protection %#x", type, protection);
+    }
+    if (size == 0) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return nullptr;
+    }
+    if (host::FailsNow(host::Call::kPages)) {
+        return nullptr;
+    }
+    void* block = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (block == MAP_FAILED) {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
+    }
+    blocks.emplace(block, size);
+    return block;
+}
+
+BOOL WINAPI VirtualFree(LPVOID address, SIZE_T size, DWORD type) {
+    if (type != MEM_RELEASE) {
+        host::Unsupported("VirtualFree of type %#x", type);
+    }
+    const auto block = blocks.find(address);
+    if (size != 0 || block == blocks.end()) {
+        return host::Fail(size != 0 ? ERROR_INVALID_PARAMETER : ERROR_INVALID_ADDRESS);
+    }
+    munmap(block->first, block->second);
+    blocks.erase(block);
+    return TRUE;
+}
 
 SIZE_T WINAPI VirtualQuery(LPCVOID address, MEMORY_BASIC_INFORMATION* memory, SIZE_T size) {
     if (size < sizeof(*memory)) {
@@ -62,3 +99,18 @@ SIZE_T WINAPI VirtualQuery(LPCVOID address, MEMORY_BASIC_INFORMATION* memory, SI
     std::fclose(maps);
     return sizeof(*memory);
 }
+
+namespace host {
+
+void ResetAddressSpace() {
+    for (const auto& [block, size] : blocks) {
+        munmap(block, size);
+    }
+    blocks.clear();
+}
+
+unsigned HeldPageBlocks() {
+    return static_cast<unsigned>(blocks.size());
+}
+
+}  // namespace host

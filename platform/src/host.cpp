@@ -39,6 +39,7 @@ void Reset() {
     ResetModules();
     ResetMessageBoxes();
     ResetMemory();
+    ResetAddressSpace();
     switches.fill({});
     SetLastError(ERROR_SUCCESS);
 }
@@ -83,7 +84,7 @@ unsigned CallCount(Call kind) {
 }
 
 Holdings CurrentHoldings() {
-    return {HeldHeaps(),    HeldGlobalBlocks(), HeldModules(),        HeldFiles(),
+    return {HeldHeaps(),    HeldGlobalBlocks(), HeldPageBlocks(), HeldModules(),        HeldFiles(),
             HeldSearches(), HeldKeys(),         HeldPrinters(),       HeldWindows(),
             HeldMenus(),    HeldContexts(),     HeldDrawingObjects(), HeldSheetPages()};
 }

@@ -63,6 +63,7 @@ bool RunWaitingProgram();
 
 // One each per service: forgets what Reset drops, and what is still held.
 void ResetMemory();
+void ResetAddressSpace();
 void ResetModules();
 void ResetFiles();
 void ResetLocale();
@@ -81,6 +82,7 @@ void ResetShell();
 
 unsigned HeldHeaps();
 unsigned HeldGlobalBlocks();
+unsigned HeldPageBlocks();
 unsigned HeldModules();
 unsigned HeldFiles();
 unsigned HeldSearches();

@@ -209,6 +209,30 @@ DWORD WINAPI GetPrinterDataW(HANDLE printer, LPWSTR name, LPDWORD type, LPBYTE d
     return GetPrinterDataExW(printer, kDriverDataKey, name, type, data, size, needed);
 }
 
+LONG WINAPI DocumentPropertiesW(HWND, HANDLE printer, LPWSTR, PDEVMODEW output, PDEVMODEW input,
+                                DWORD mode) {
+    if (input != nullptr || (mode != 0 && mode != DM_OUT_BUFFER)) {
+        host::Unsupported("DocumentPropertiesW with an input record or in mode %#x", mode);
+    }
+    if (host::FailsNow(host::Call::kSpooler)) {
+        return -1;
+    }
+    const StoredPrinter* stored = PrinterOf(printer);
+    if (stored == nullptr) {
+        return -1;
+    }
+    const std::vector<BYTE>& record = stored->settings.defaultRecord;
+    if (record.empty()) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return -1;
+    }
+    if (mode == 0 || output == nullptr) {
+        return static_cast<LONG>(record.size());
+    }
+    std::copy(record.begin(), record.end(), reinterpret_cast<BYTE*>(output));
+    return IDOK;
+}
+
 DWORD WINAPI SetPrinterDataW(HANDLE printer, LPWSTR name, DWORD type, LPBYTE data, DWORD size) {
     if (DWORD error = host::ErrorNow(host::Call::kSpooler)) {
         return error;

@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Draws the pictures, icons and pointers of the driver's dialogs, and writes them where the dialogs'
 resource script looks for them. Needs Debian's python3-pil. No part of the build: what it makes is kept.
+"""Draws the pictures and icons of the driver's dialogs, and writes them where the dialogs' resource
+script looks for them; and the chart that is delivered beside the library. Needs Debian's python3-pil. No part of the build: what it makes is kept.
 """
 import math
 import pathlib
@@ -11,9 +13,11 @@ from PIL import Image
 
 sys.dont_write_bytecode = True  # nothing but pictures appears beside the sources
 
+import chart
 import motifs
 
 RESOURCES = pathlib.Path(__file__).resolve().parent.parent
+PACKAGE = RESOURCES.parent / "package"
 FORMATS = ((False, "landscape"), (True, "portrait"))  # of a card
 HALF_TURN, QUARTER_TURN = Image.Transpose.ROTATE_180, Image.Transpose.ROTATE_270
 MIRROR = Image.Transpose.FLIP_LEFT_RIGHT
@@ -124,6 +128,7 @@ def main():
         icon = motifs.adjustment_icon(name)
         (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico([icon]))
     (RESOURCES / "cursors" / "link.cur").write_bytes(cur(motifs.link_cursor(), motifs.FINGERTIP))
+    (PACKAGE / "pictures" / "CalChart.bmp").write_bytes(bmp(reduced(chart.calibration(), 1), 1))
 
 
 if __name__ == "__main__":

@@ -58,6 +58,14 @@ void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const>
     Fill(GetDlgItem(dialog, comboBox), texts, true);
 }
 
+void CenterOnScreen(HWND dialog) {
+    RECT area;
+    GetWindowRect(dialog, &area);
+    const int left = (GetSystemMetrics(SM_CXSCREEN) - (area.right - area.left)) / 2;
+    const int top = (GetSystemMetrics(SM_CYSCREEN) - (area.bottom - area.top)) / 2;
+    SetWindowPos(dialog, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
 void TellSheetChanged(HWND dialog) {
     SendMessageW(GetParent(dialog), PSM_CHANGED, reinterpret_cast<WPARAM>(dialog), 0);
 }

@@ -18,6 +18,9 @@ void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 /// The same with each text looked up in the current section.
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 
+/// Moves a dialog to the middle of the screen.
+void CenterOnScreen(HWND dialog);
+
 /// Tells the sheet that something on the page changed.
 void TellSheetChanged(HWND dialog);
 

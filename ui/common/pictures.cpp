@@ -1,7 +1,19 @@
 // Bitmaps of the library on their way to a paint context.
 #include "ui/common/pictures.h"
 
+#include "core/driver_files.h"
 #include "ui/common/module.h"
+
+namespace {
+
+// Empty for what is no bitmap.
+SIZE SizeOf(HBITMAP bitmap) {
+    BITMAP shape = {};
+    GetObjectW(bitmap, sizeof(shape), &shape);
+    return {shape.bmWidth, shape.bmHeight};
+}
+
+}  // namespace
 
 PictureSet::~PictureSet() {
     for (size_t i = 0; i < count_; ++i) {
@@ -50,24 +62,34 @@ MemoryCanvas::~MemoryCanvas() {
     }
 }
 
+HBITMAP LoadDriverBitmap(const WCHAR* file) {
+    WCHAR path[kDriverPathLength];
+    DriverFilePath(path, file);
+    return static_cast<HBITMAP>(
+        LoadImageW(nullptr, path, IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION));
+}
+
+void CopyBitmap(HDC context, int x, int y, HBITMAP bitmap) {
+    const SIZE size = SizeOf(bitmap);
+    const MemoryCanvas source(context, bitmap);
+    if (source) {
+        BitBlt(context, x, y, size.cx, size.cy, source.get(), 0, 0, SRCCOPY);
+    }
+}
+
 void DrawBitmap(PictureSet& pictures, HDC context, int x, int y, int number,
                 const RECT* destination) {
     HBITMAP bitmap = pictures.Get(number);
-    BITMAP size = {};
-    if (bitmap == nullptr || GetObjectW(bitmap, sizeof(size), &size) == 0) {
+    if (destination == nullptr) {
+        CopyBitmap(context, x, y, bitmap);
         return;
     }
     const MemoryCanvas source(context, bitmap);
-    if (!source) {
-        return;
+    if (source) {
+        const RECT place = {x, y, x + destination->right - destination->left,
+                            y + destination->bottom - destination->top};
+        StretchSmoothly(context, place, source.get(), SizeOf(bitmap));
     }
-    if (destination == nullptr) {
-        BitBlt(context, x, y, size.bmWidth, size.bmHeight, source.get(), 0, 0, SRCCOPY);
-        return;
-    }
-    const RECT place = {x, y, x + destination->right - destination->left,
-                        y + destination->bottom - destination->top};
-    StretchSmoothly(context, place, source.get(), {size.bmWidth, size.bmHeight});
 }
 
 void StretchSmoothly(HDC context, const RECT& destination, HDC source, SIZE size) {

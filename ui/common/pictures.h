@@ -46,6 +46,13 @@ class MemoryCanvas {
     HGDIOBJ before_ = nullptr;
 };
 
+/// A bitmap file of the driver directory as a device-independent bitmap; null when it cannot be
+/// loaded. The caller deletes it.
+HBITMAP LoadDriverBitmap(const WCHAR* file);
+
+/// Copies a bitmap to (x, y) at its own size, pixel for pixel.
+void CopyBitmap(HDC context, int x, int y, HBITMAP bitmap);
+
 /// Copies a bitmap of the library to (x, y), at its own size or, with `destination`, stretched to
 /// that rectangle's width and height. One that cannot be loaded draws nothing.
 void DrawBitmap(PictureSet& pictures, HDC context, int x, int y, int number,

@@ -168,9 +168,9 @@ int WINAPI StartDocW(HDC handle, const DOCINFOW* document) {
     if (document->lpszOutput != nullptr) {
         host::Unsupported("printing to a file");
     }
-    const LPCWSTR name = document->lpszDocName;
-    job->document = host::PrintedDocument{
-        job->printer, name == nullptr ? host::WideString() : name, job->record, {}, false};
+    const auto text = [](LPCWSTR given) { return host::WideString(given == nullptr ? TEXT("") : given); };
+    job->document = host::PrintedDocument{job->printer, text(document->lpszDocName),
+                                          text(document->lpszDatatype), job->record, {}, false};
     return ++host::jobs;
 }
 

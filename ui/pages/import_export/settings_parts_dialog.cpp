@@ -23,14 +23,6 @@ void OfferFoundParts(HWND dialog, DWORD found) {
     }
 }
 
-void Center(HWND dialog) {
-    RECT area;
-    GetWindowRect(dialog, &area);
-    const int left = (GetSystemMetrics(SM_CXSCREEN) - (area.right - area.left)) / 2;
-    const int top = (GetSystemMetrics(SM_CYSCREEN) - (area.bottom - area.top)) / 2;
-    SetWindowPos(dialog, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-}
-
 void Open(HWND dialog, DWORD parts) {
     const bool imports = parts != 0;
     if (imports) {
@@ -40,7 +32,7 @@ void Open(HWND dialog, DWORD parts) {
     WCHAR title[kTextLength];
     LookupString(imports ? TEXT("Import Driver Setting") : TEXT("Export Driver Setting"), title);
     SetWindowTextW(dialog, title);
-    Center(dialog);
+    CenterOnScreen(dialog);
 }
 
 void TakeClick(HWND dialog, int control, DWORD& parts) {
