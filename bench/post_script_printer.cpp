@@ -32,10 +32,18 @@ WideString WritePpd() {
     return path;
 }
 
-bool InstallPostScriptDriver(WCHAR* name) {
+WideString BesideProgram(const WCHAR* name) {
+    WCHAR path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const WideString program = path;
+    return program.substr(0, program.find_last_of(TEXT("\\/")) + 1) + name;
+}
+
+bool InstallPostScriptDriver(WCHAR* name, PostScriptUi ui) {
     WCHAR system[MAX_PATH] = {};
     GetSystemDirectoryW(system, MAX_PATH);
     WideString driver = WideString(system) + TEXT("\\wineps.drv");
+    WideString config = ui == PostScriptUi::kOurs ? BesideProgram(TEXT("kpdui.dll")) : driver;
     WideString ppd = WritePpd();
     WCHAR environment[] = TEXT("Windows x64");
     DRIVER_INFO_3W info = {};
@@ -44,7 +52,7 @@ bool InstallPostScriptDriver(WCHAR* name) {
     info.pEnvironment = environment;
     info.pDriverPath = driver.data();
     info.pDataFile = ppd.data();
-    info.pConfigFile = driver.data();
+    info.pConfigFile = config.data();
     return AddPrinterDriverExW(nullptr, 3, reinterpret_cast<BYTE*>(&info),
                                APD_COPY_ALL_FILES | APD_COPY_FROM_DIRECTORY) ||
            GetLastError() == ERROR_PRINTER_DRIVER_ALREADY_INSTALLED;
@@ -52,20 +60,20 @@ bool InstallPostScriptDriver(WCHAR* name) {
 
 }  // namespace
 
-bool InstallPostScriptPrinter(const computer::WideString& name) {
-    WCHAR driver[] = TEXT("Peer");
-    if (!InstallPostScriptDriver(driver)) {
+bool InstallPostScriptPrinter(const WideString& name, PostScriptUi ui, const WideString& port) {
+    WideString driver = ui == PostScriptUi::kOurs ? TEXT("Mirv KP-41 PS") : TEXT("Peer");
+    if (!InstallPostScriptDriver(driver.data(), ui)) {
         return false;
     }
     computer::RemovePrinter(name);
     WideString copy = name;
-    WCHAR port[] = TEXT("FILE:");
-    WCHAR processor[] = TEXT("wineps");
+    WideString portCopy = port;
+    WCHAR processor[] = TEXT("winprint");
     WCHAR datatype[] = TEXT("RAW");
     PRINTER_INFO_2W info = {};
     info.pPrinterName = copy.data();
-    info.pDriverName = driver;
-    info.pPortName = port;
+    info.pDriverName = driver.data();
+    info.pPortName = portCopy.data();
     info.pPrintProcessor = processor;
     info.pDatatype = datatype;
     HANDLE printer = AddPrinterW(nullptr, 2, reinterpret_cast<BYTE*>(&info));

@@ -84,9 +84,9 @@ unsigned CallCount(Call kind) {
 }
 
 Holdings CurrentHoldings() {
-    return {HeldHeaps(),    HeldGlobalBlocks(), HeldPageBlocks(), HeldModules(),        HeldFiles(),
-            HeldSearches(), HeldKeys(),         HeldPrinters(),       HeldWindows(),
-            HeldMenus(),    HeldContexts(),     HeldDrawingObjects(), HeldSheetPages()};
+    return {HeldHeaps(),    HeldGlobalBlocks(),   HeldPageBlocks(), HeldModules(), HeldFiles(),
+            HeldSearches(), HeldKeys(),           HeldPrinters(),   HeldWindows(), HeldMenus(),
+            HeldContexts(), HeldDrawingObjects(), HeldSheetPages()};
 }
 
 }  // namespace host

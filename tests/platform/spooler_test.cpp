@@ -61,6 +61,20 @@ TEST_F(SpoolerTest, InformationIsAskedForTwice) {
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
 }
 
+TEST_F(SpoolerTest, APrintersRecordIsAskedForTwice) {
+    DevModeRecord stored = DefaultRecord();
+    stored.Public.dmCopies = 17;
+    HANDLE printer = NewPrinter(TEXT("Mirv KP-41"), {}, BytesOf(stored.Public));
+    WideString name = kPrinterName;
+    ASSERT_EQ(DocumentPropertiesW(nullptr, printer, name.data(), nullptr, nullptr, 0), kRecordSize);
+    DevModeRecord record = {};
+    ASSERT_EQ(DocumentPropertiesW(nullptr, printer, name.data(), &record.Public, nullptr,
+                                  DM_OUT_BUFFER),
+              IDOK);
+    EXPECT_EQ(record.Public.dmCopies, 17);
+    EXPECT_EQ(record.Public.dmDriverExtra, kPrivateSize);
+}
+
 TEST_F(SpoolerTest, PrinterDataIsKeptByName) {
     HANDLE printer = NewPrinter(TEXT("Mirv KP-41"));
     StoreValue(printer, TEXT("FreeMem"), REG_BINARY, {1, 2, 3, 4, 5, 6});

@@ -2,11 +2,13 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
+#include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
 #include "ui/pages/import_export/settings_parts_dialog.h"
+#include "ui/pages/tools/advance_tool.h"
 
 #include <commctrl.h>
 
@@ -73,6 +75,19 @@ void SheetTest::OpenPartsDialog(DWORD parts, const std::function<void(HWND)>& lo
     RunSettingsPartsDialog(nullptr, &parts);
 }
 
+void SheetTest::OpenAdvanceTool(const std::function<void(HWND)>& look) {
+    const DeviceLibrary library;
+    DriverContext context = {};
+    context.IsKP41Family = context.IsKP49 = 1;
+    context.WorkingDevMode.Private.PlusRApplication = 1;
+    RunInLoop([&] {
+        HWND dialog = DialogWith(IDC_MOTOR_1);
+        look(dialog);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    RunAdvanceTool(nullptr, context);
+}
+
 void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
     const std::pair<const WCHAR*, BYTE> kinds[] = {{TEXT("Mirv KP-41"), kRibbonYMCKO},
                                                    {TEXT("Mirv KP-43"), kRibbonK}};
@@ -87,6 +102,7 @@ void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
     for (const DWORD parts : {0u, 3u}) {
         OpenPartsDialog(parts, look);
     }
+    OpenAdvanceTool(look);
 }
 
 HWND SheetTest::Sheet() {

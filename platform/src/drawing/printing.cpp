@@ -168,9 +168,12 @@ int WINAPI StartDocW(HDC handle, const DOCINFOW* document) {
     if (document->lpszOutput != nullptr) {
         host::Unsupported("printing to a file");
     }
-    const auto text = [](LPCWSTR given) { return host::WideString(given == nullptr ? TEXT("") : given); };
-    job->document = host::PrintedDocument{job->printer, text(document->lpszDocName),
-                                          text(document->lpszDatatype), job->record, {}, false};
+    const auto text = [](LPCWSTR given) {
+        return host::WideString(given == nullptr ? TEXT("") : given);
+    };
+    job->document = host::PrintedDocument{
+        job->printer, text(document->lpszDocName), text(document->lpszDatatype), job->record, {},
+        false};
     return ++host::jobs;
 }
 

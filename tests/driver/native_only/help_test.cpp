@@ -2,6 +2,7 @@
 #include "ui/common/help.h"
 #include "core/page_table.h"
 #include "platform/host.h"
+#include "resources/resource.h"
 #include "sheet_test.h"
 #include "ui/common/page.h"
 
@@ -68,6 +69,13 @@ TEST_F(HelpTest, FilesOfEachLanguageAndModel) {
         OpenManual(Manual::kHeatingEnergy);
         EXPECT_EQ(Opened(), std::string("HeatingEnergy") + c.manualVariant + ".pdf") << c.language;
     }
+}
+
+TEST_F(HelpTest, TheAdvanceToolsManual) {
+    ASSERT_TRUE(SetUiLanguage(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED)));
+    OpenAdvanceTool(
+        [](HWND dialog) { SendDlgItemMessageW(dialog, IDC_MOTOR_DESCRIPTION, BM_CLICK, 0, 0); });
+    EXPECT_EQ(Opened(), "AdvanceToolChs.pdf");
 }
 
 TEST_F(HelpTest, EveryPagesHelpButton) {

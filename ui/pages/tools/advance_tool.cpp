@@ -1,5 +1,5 @@
-// The Advance Tool dialog. Options are kept in a copy of the record until "Exit"; the watermark goes
-// to the record and the motor speeds to the printer with their own buttons.
+// The Advance Tool dialog. Options are kept in a copy of the record until "Exit"; the watermark
+// goes to the record and the motor speeds to the printer with their own buttons.
 #include "ui/pages/tools/advance_tool.h"
 
 #include "companions/device_io.h"
@@ -101,8 +101,8 @@ void StoreWatermark(HWND dialog, DevModePrivate& record) {
 // ---- The motors ---------------------------------------------------------------------------------
 
 constexpr int kMotorControls[] = {
-    IDC_MOTOR_GROUP,  IDC_MOTOR_1_LABEL, IDC_MOTOR_1,      IDC_MOTOR_1_VALUE,     IDC_MOTOR_2_LABEL,
-    IDC_MOTOR_2,      IDC_MOTOR_2_VALUE, IDC_MOTOR_APPLY,  IDC_MOTOR_DESCRIPTION, IDC_NO_OVERCOAT,
+    IDC_MOTOR_GROUP, IDC_MOTOR_1_LABEL, IDC_MOTOR_1,     IDC_MOTOR_1_VALUE,     IDC_MOTOR_2_LABEL,
+    IDC_MOTOR_2,     IDC_MOTOR_2_VALUE, IDC_MOTOR_APPLY, IDC_MOTOR_DESCRIPTION, IDC_NO_OVERCOAT,
 };
 constexpr ValueSlider kMotors[] = {{IDC_MOTOR_1, IDC_MOTOR_1_VALUE, -5, 5, 2},
                                    {IDC_MOTOR_2, IDC_MOTOR_2_VALUE, -5, 5, 2}};

@@ -94,17 +94,6 @@ bool HasColorPanels(const JobRecord& record) {
     return ribbon != kRibbonK && ribbon != kRibbonKO;
 }
 
-void SetUpRecord(JobRecord& record, const DriverContext& context, const CalibrationTable& table) {
-    const int chosen = context.WorkingDevMode.Private.CardThickness;
-    const int thickness = chosen < kCalibrationRows ? chosen : 0;
-    record.Apply(kChartSettings);
-    ApplyPosition(record, thickness, table[static_cast<size_t>(thickness)].Current);
-    record.Apply(HasColorPanels(record) ? kColorPanels : kResinPanels);
-    if (context.IsKP43Family != 0) {
-        record.Apply(kRewritableCard);
-    }
-}
-
 // ---- The document -------------------------------------------------------------------------------
 
 void DrawChart(HDC page) {
@@ -134,11 +123,22 @@ HDC OpenPrinterContext(const DriverContext& context, const CalibrationTable& tab
     if (!record) {
         return nullptr;
     }
-    SetUpRecord(record, context, table);
+    SetUpChartJob(record, context, table);
     return CreateJobContext(context.PrinterName, record);
 }
 
 }  // namespace
+
+void SetUpChartJob(JobRecord& record, const DriverContext& context, const CalibrationTable& table) {
+    const int chosen = context.WorkingDevMode.Private.CardThickness;
+    const int thickness = chosen < kCalibrationRows ? chosen : 0;
+    record.Apply(kChartSettings);
+    ApplyPosition(record, thickness, table[static_cast<size_t>(thickness)].Current);
+    record.Apply(HasColorPanels(record) ? kColorPanels : kResinPanels);
+    if (context.IsKP43Family != 0) {
+        record.Apply(kRewritableCard);
+    }
+}
 
 void PrintCalibrationChart(const DriverContext& context, const CalibrationTable& table) {
     if (HDC printer = OpenPrinterContext(context, table)) {

@@ -8,8 +8,8 @@
 namespace {
 
 DevModeRecord* NewRecord(LONG size) {
-    return static_cast<DevModeRecord*>(VirtualAlloc(nullptr, static_cast<SIZE_T>(size),
-                                                    MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
+    return static_cast<DevModeRecord*>(
+        VirtualAlloc(nullptr, static_cast<SIZE_T>(size), MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE));
 }
 
 }  // namespace
@@ -28,7 +28,8 @@ JobRecord::JobRecord(WCHAR* printer) {
         return;
     }
     DEVMODEW& given = record_->Public;
-    if (DocumentPropertiesW(nullptr, opened.get(), printer, &given, nullptr, DM_OUT_BUFFER) != IDOK ||
+    if (DocumentPropertiesW(nullptr, opened.get(), printer, &given, nullptr, DM_OUT_BUFFER) !=
+            IDOK ||
         given.dmSize < kHeaderSize || given.dmSize + given.dmDriverExtra > size) {
         Release();
     }
