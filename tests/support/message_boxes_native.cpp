@@ -4,14 +4,23 @@
 #include "platform/host.h"
 
 namespace test {
+namespace {
 
-void StartMessageBoxes() {}
+size_t before;
+
+}  // namespace
+
+void StartMessageBoxes() {
+    before = host::MessageBoxes().size();
+}
 
 void StopMessageBoxes() {}
 
 std::vector<ShownMessage> ShownMessages() {
     std::vector<ShownMessage> messages;
-    for (const host::MessageBox& box : host::MessageBoxes()) {
+    const std::vector<host::MessageBox>& boxes = host::MessageBoxes();
+    for (size_t i = before; i < boxes.size(); ++i) {
+        const host::MessageBox& box = boxes[i];
         EXPECT_FALSE(box.hasOwner);
         messages.push_back({box.text, box.title});
     }
