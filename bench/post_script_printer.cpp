@@ -68,6 +68,7 @@ bool InstallPostScriptPrinter(const WideString& name, PostScriptUi ui, const Wid
     computer::RemovePrinter(name);
     WideString copy = name;
     WideString portCopy = port;
+    // The PostScript driver's own processor takes no documents that are PostScript already.
     WCHAR processor[] = TEXT("winprint");
     WCHAR datatype[] = TEXT("RAW");
     PRINTER_INFO_2W info = {};

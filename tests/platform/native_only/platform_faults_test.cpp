@@ -21,6 +21,10 @@ TEST_F(NativeOnly, EachKindOfCallFailsAsThePlatformFailsAndHoldsNothing) {
     const std::pair<Call, std::function<bool()>> cases[] = {
         {Call::kHeap, [] { return HeapCreate(0, 0, 0) == nullptr; }},
         {Call::kGlobal, [] { return GlobalAlloc(GPTR, 8) == nullptr; }},
+        {Call::kPages,
+         [] {
+             return VirtualAlloc(nullptr, 8, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE) == nullptr;
+         }},
         {Call::kModule, [&] { return LoadLibraryW(file) == nullptr; }},
         {Call::kFile, [&] { return FindFirstFileW(file, &found) == INVALID_HANDLE_VALUE; }},
         {Call::kProfile,
