@@ -68,9 +68,9 @@ TEST_F(SpoolerTest, APrintersRecordIsAskedForTwice) {
     WideString name = kPrinterName;
     ASSERT_EQ(DocumentPropertiesW(nullptr, printer, name.data(), nullptr, nullptr, 0), kRecordSize);
     DevModeRecord record = {};
-    ASSERT_EQ(DocumentPropertiesW(nullptr, printer, name.data(), &record.Public, nullptr,
-                                  DM_OUT_BUFFER),
-              IDOK);
+    ASSERT_EQ(
+        DocumentPropertiesW(nullptr, printer, name.data(), &record.Public, nullptr, DM_OUT_BUFFER),
+        IDOK);
     EXPECT_EQ(record.Public.dmCopies, 17);
     EXPECT_EQ(record.Public.dmDriverExtra, kPrivateSize);
 }
