@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 """Draws the pictures, icons and pointers of the driver's dialogs, and writes them where the dialogs'
-resource script looks for them. Needs Debian's python3-pil. No part of the build: what it makes is kept.
-"""Draws the pictures and icons of the driver's dialogs, and writes them where the dialogs' resource
-script looks for them; and the chart that is delivered beside the library. Needs Debian's python3-pil. No part of the build: what it makes is kept.
+resource script looks for them, and those that are delivered beside the library. Needs Debian's
+python3-pil. No part of the build: what it makes is kept.
 """
 import math
 import pathlib
