@@ -14,6 +14,7 @@ constexpr WCHAR kClassName[] = TEXT("KpdtoolSteps");
 constexpr UINT kRun = WM_APP;
 // Takes one turn more, so that what a step has posted is handled before the next step.
 constexpr UINT kPass = WM_APP + 1;
+constexpr UINT kPressKey = WM_APP + 2;
 constexpr UINT_PTR kRetry = 1;
 constexpr UINT kRetryDelay = 20;  // milliseconds
 constexpr unsigned kLongestAwait = 30000 / kRetryDelay;
@@ -69,8 +70,30 @@ SheetRun::~SheetRun() {
     UnregisterClassW(kClassName, GetModuleHandleW(nullptr));
 }
 
+void SheetRun::StartKeys(HWND control, WPARAM key, long long count) {
+    keyboard_ = control;
+    key_ = key;
+    keysLeft_ = count;
+    PostMessageW(window_, kPressKey, 0, 0);
+}
+
+// Each is posted, so that the dialog sees it first as it does a user's, and goes where the one
+// before it has left the focus.
+void SheetRun::PressNextKey() {
+    if (keysLeft_ == 0) {
+        keyboard_ = nullptr;
+        return;
+    }
+    --keysLeft_;
+    HWND focus = GetFocus();
+    HWND target = focus != nullptr ? focus : keyboard_;
+    PostMessageW(target, WM_KEYDOWN, key_, 1);
+    PostMessageW(target, WM_KEYUP, key_, static_cast<LPARAM>(0xC0000001));
+    PostMessageW(window_, kPressKey, 0, 0);
+}
+
 LRESULT CALLBACK SheetRun::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == kRun || message == kPass || message == WM_TIMER) {
+    if ((message >= kRun && message <= kPressKey) || message == WM_TIMER) {
         reinterpret_cast<SheetRun*>(GetWindowLongPtrW(window, GWLP_USERDATA))->Handle(message);
         return 0;
     }
@@ -80,6 +103,10 @@ LRESULT CALLBACK SheetRun::Procedure(HWND window, UINT message, WPARAM wParam, L
 void SheetRun::Handle(UINT message) {
     if (message == kPass) {
         PostMessageW(window_, kRun, 0, 0);
+        return;
+    }
+    if (message == kPressKey) {
+        PressNextKey();
         return;
     }
     KillTimer(window_, kRetry);
@@ -96,7 +123,7 @@ bool SheetRun::IsReady() {
     if (sheet_ == nullptr) {
         sheet_ = FindThreadWindow(TakeSheet);
     }
-    if (sheet_ == nullptr || prompts_.IsOpen()) {
+    if (sheet_ == nullptr || prompts_.IsOpen() || keyboard_ != nullptr) {
         return false;
     }
     HWND modal = running_.empty() ? nullptr : ModalDialog();

@@ -53,6 +53,8 @@ class SheetRun {
     void Handle(UINT message);
     bool IsReady();
     bool MustAwait();
+    void StartKeys(HWND control, WPARAM key, long long count);
+    void PressNextKey();
     void RunNext();
     void DoNext();
     void Abandon();
@@ -112,6 +114,9 @@ class SheetRun {
     HWND window_ = nullptr;  ///< of our own, never seen: the steps are messages to it
     HWND sheet_ = nullptr;
     size_t next_ = 0;
+    HWND keyboard_ = nullptr;  ///< where the step before is pressing keys, until it is done
+    WPARAM key_ = 0;
+    long long keysLeft_ = 0;
     unsigned awaited_ = 0;               ///< how often the next step has been tried in vain
     bool pressed_ = false;               ///< a button that closes the sheet, by the step before
     std::vector<HWND> running_;          ///< dialogs that the steps not yet returned began in

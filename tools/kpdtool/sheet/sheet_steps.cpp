@@ -305,17 +305,12 @@ void SheetRun::Type(const Step& step) {
     }
 }
 
-// Posted, so that the dialog sees them first, as it does a user's.
 void SheetRun::PressKeys(const Step& step) {
     const Control control = FindUsable(step.words[0], kAnyControl & ~unsigned{kStatic | kGroupBox},
                                        "control that takes keys");
     SetFocus(control.window);
-    const auto key = static_cast<WPARAM>(*KeyNamed(step.words[1].text));
-    const long long count = step.words.size() > 2 ? *NumberIn(step.words[2].text) : 1;
-    for (long long i = 0; i < count; ++i) {
-        PostMessageW(control.window, WM_KEYDOWN, key, 1);
-        PostMessageW(control.window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
-    }
+    StartKeys(control.window, static_cast<WPARAM>(*KeyNamed(step.words[1].text)),
+              step.words.size() > 2 ? *NumberIn(step.words[2].text) : 1);
 }
 
 void SheetRun::Scroll(const Step& step) {
