@@ -2,6 +2,8 @@
 """Draws the pictures, icons and pointers of the driver's dialogs, and writes them where the dialogs'
 resource script looks for them, and those that are delivered beside the library. Needs Debian's
 python3-pil. No part of the build: what it makes is kept.
+resource script looks for them, and those that are delivered as files into the package. Needs Debian's
+python3-pil, and the fonts that motifs.py names. No part of the build: what it makes is kept.
 """
 import math
 import pathlib
@@ -88,6 +90,12 @@ def bmp(image, bits):
     return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40 + len(palette)) + body
 
 
+def true_color_bmp(image):
+    """24 bits a pixel."""
+    body = dib(*image.size, 24, b"", packed(image, "BGR", 24))
+    return struct.pack("<2sIHHI", b"BM", 14 + len(body), 0, 0, 14 + 40) + body
+
+
 def icon_image(image):
     # A mask bit keeps what is behind the icon where opacities are not understood.
     mask = image.getchannel("A").point(lambda opacity: 0 if opacity else 255).convert("1")
@@ -128,6 +136,9 @@ def main():
         (RESOURCES / "icons" / f"{name}.ico").write_bytes(ico([icon]))
     (RESOURCES / "cursors" / "link.cur").write_bytes(cur(motifs.link_cursor(), motifs.FINGERTIP))
     (PACKAGE / "pictures" / "CalChart.bmp").write_bytes(bmp(reduced(chart.calibration(), 1), 1))
+    for language in motifs.CAPTIONS:
+        picture = true_color_bmp(motifs.positions(language))
+        (PACKAGE / "pictures" / f"CalPrv{language}.bmp").write_bytes(picture)
 
 
 if __name__ == "__main__":

@@ -6,7 +6,7 @@ right.
 """
 import re
 
-from PIL import Image, ImageColor, ImageDraw
+from PIL import Image, ImageColor, ImageDraw, ImageFont
 
 INK = "#3D4B5E"
 WHITE = "#FFFFFF"
@@ -521,4 +521,67 @@ def blended(name):
 def link_cursor():
     canvas = Canvas(32, 32)
     hand(canvas)
+    return canvas.picture()
+
+
+# The picture of the print position adjuster
+
+LATIN = "/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"                # fonts-dejavu-core
+CHINESE = "/usr/share/fonts-droid-fallback/truetype/DroidSansFallback.ttf"    # fonts-droid-fallback
+CAPTIONS = {
+    "En": (LATIN, "Print position"),
+    "Pt": (LATIN, "Posição de impressão"),
+    "Tw": (CHINESE, "影像在卡片上的位置"),
+    "Cn": (CHINESE, "图像在卡片上的位置"),
+}
+POSITION_CARD = (36, 34, 262, 166)
+POSITION_PICTURE = (78, 72, 178, 90)
+
+
+def caption(canvas, font, text, x, y, height, paint):
+    """Text around a point."""
+    pen = ImageDraw.Draw(canvas.image)
+    pen.text((x * SCALE, y * SCALE), text, paint, ImageFont.truetype(font, height * SCALE),
+             anchor="mm")
+
+
+def dimension(canvas, first, second, color):
+    """A line with a head at both ends."""
+    along = (second - first) / abs(second - first)
+    across = along * 1j
+    canvas.fill(stroke(3, f"M{first.real} {first.imag} {second.real} {second.imag}"), color)
+    for tip, back in ((first, along), (second, -along)):
+        a, b = tip + 11 * back + 5.5 * across, tip + 11 * back - 5.5 * across
+        canvas.fill(area(f"M{tip.real} {tip.imag} {a.real} {a.imag} {b.real} {b.imag} Z"), color)
+
+
+def edge(canvas, first, second):
+    canvas.fill(stroke(1.5, f"M{first.real} {first.imag} {second.real} {second.imag}"), INK)
+
+
+def positions(language):
+    """Where the picture begins (A) and ends (B) along the card, and where it begins across (C)."""
+    canvas = Canvas(342, 272, WHITE)
+    x, y, width, height = POSITION_CARD
+    left, top, across, down = POSITION_PICTURE
+    canvas.fill(rectangle(x, y, width, height, 18), CARD)
+    canvas.fill(rectangle(x, y, width, height, 18, 3), INK)
+    canvas.fill(rectangle(left, top, across, down), WHITE)
+    bust(canvas, (left, top, 76, down))
+    for row, length in ((22, 80), (44, 80), (66, 50)):
+        canvas.fill(rectangle(left + 86, top + row - 4, length, 7, 2), INK)
+    canvas.fill(rectangle(left, top, across, down, 0, 2), INK)
+    right, low, level = left + across, y + height, y + height + 18
+    for start, end, color, name in ((x, left, FIRST, "A"), (right, x + width, SECOND, "B")):
+        edge(canvas, complex(start, top + down), complex(start, level + 8))
+        edge(canvas, complex(end, top + down), complex(end, level + 8))
+        dimension(canvas, complex(start, level), complex(end, level), color)
+        caption(canvas, LATIN, name, (start + end) / 2, (low + top + down) / 2, 20, color)
+    beside = x + width + 18
+    for at in (y, top):
+        edge(canvas, complex(right, at), complex(beside + 8, at))
+    dimension(canvas, complex(beside, y), complex(beside, top), GREEN)
+    caption(canvas, LATIN, "C", (right + x + width) / 2, (y + top) / 2, 20, GREEN)
+    font, text = CAPTIONS[language]
+    caption(canvas, font, text, 171, 251, 20, INK)
     return canvas.picture()
