@@ -16,6 +16,51 @@ inline constexpr RibbonTerm kRibbons[] = {
     {kRibbonYMCKOK, TEXT("YMCKOK")}, {kRibbonKO, TEXT("KO")}, {kRibbonYMCKFO, TEXT("YMCKFO")},
 };
 
+/// Empty for a ribbon that has no name.
+constexpr const WCHAR* RibbonName(BYTE ribbon) {
+    for (const RibbonTerm& row : kRibbons) {
+        if (row.Code == ribbon) {
+            return row.Name;
+        }
+    }
+    return TEXT("");
+}
+
+/// The codes by which printers tell the ribbon in them: several stand for one ribbon of the record.
+struct PrinterRibbon {
+    BYTE PrinterCode;
+    BYTE Ribbon;
+};
+inline constexpr PrinterRibbon kPrinterRibbons[] = {
+    // clang-format off
+    {1, kRibbonYMCKO}, {33, kRibbonYMCKO}, {36, kRibbonYMCKO},
+    {2, kRibbonK}, {9, kRibbonK}, {35, kRibbonK},
+    {6, 2},
+    {7, kRibbonKO}, {51, kRibbonKO}, {52, kRibbonKO},
+    {8, kRibbonYMCKOK}, {37, kRibbonYMCKOK}, {38, kRibbonYMCKOK},
+    {11, kRibbonHalfYMCKO}, {39, kRibbonHalfYMCKO}, {40, kRibbonHalfYMCKO},
+    {41, 9}, {42, 9},
+    {49, 10}, {50, 10},
+    {45, 11}, {46, 11},
+    {47, kRibbonYMCKFO}, {48, kRibbonYMCKFO},
+    {53, 13}, {54, 13},
+    {55, 14}, {56, 14},
+    // clang-format on
+};
+
+constexpr BYTE kUnknownRibbon = 255;
+
+/// The ribbon of the record that a printer's code stands for; kUnknownRibbon when there is none.
+/// The code is in the low six bits, whatever the others are.
+constexpr BYTE RibbonOfPrinter(BYTE printerCode) {
+    for (const PrinterRibbon& row : kPrinterRibbons) {
+        if (row.PrinterCode == (printerCode & 0x3F)) {
+            return row.Ribbon;
+        }
+    }
+    return kUnknownRibbon;
+}
+
 /// By CardTypeCode.
 inline constexpr const WCHAR* kCardTypes[] = {
     TEXT("Blank Card"),           TEXT("6-pin Smart Chip Card"), TEXT("8-pin Smart Chip Card"),
