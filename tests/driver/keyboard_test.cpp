@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "sheet_test.h"
 #include "tools/kpdtool/sheet/resource_names.h"
+#include "tools_page.h"
 #include "ui/pages/color/color_page.h"
 
 #include <algorithm>
@@ -222,6 +223,28 @@ TEST_F(DeviceOptionsKeysTest, ArrowsChooseTheOrientation) {
         PressIn(page_, static_cast<WPARAM>(key));
         EXPECT_EQ(Paper().dmOrientation, after);
     }
+}
+
+using ToolsKeysTest = ToolsPageTest;
+
+TEST_F(ToolsKeysTest, StopsComeInReadingOrder) {
+    const std::string kButtons =
+        "IDC_CLEANING_TOOL IDC_MAINTENANCE_INFO IDC_ADVANCE_TOOL IDC_RIBBON_STATUS "
+        "IDC_CLEAN_MAGNETIC_HEAD IDC_CORRECT_RIBBON_SENSOR IDC_FEED_CHIP_CARD "
+        "IDC_TEST_MAGNETIC_READING";
+    Open();
+    EXPECT_EQ(Names(Stops(page_)), kButtons);
+    Answer(MakeTable());
+    Enter(IDC_POSITION_A, "5");
+    EXPECT_EQ(Names(Stops(page_)),
+              "IDC_POSITION_A IDC_POSITION_B IDC_POSITION_C IDC_POSITION_SAVE "
+              "IDC_POSITION_DEFAULT IDC_POSITION_PRINT " +
+                  kButtons);
+    EXPECT_EQ(Names(Group(page_, GetDlgItem(page_, IDC_POSITION_SAVE), VK_DOWN)),
+              "IDC_POSITION_SAVE IDC_POSITION_DEFAULT IDC_POSITION_PRINT");
+    context_.IsKP43Family = 1;
+    Open();
+    EXPECT_EQ(Names(Stops(page_)), "IDC_CLEANING_TOOL IDC_MAINTENANCE_INFO IDC_ADVANCE_TOOL");
 }
 
 class ColorKeysTest : public ColorPageTest {

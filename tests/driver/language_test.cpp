@@ -103,6 +103,7 @@ TEST_F(LanguageTest, ErrorMessageIsLookedUpWithItsTitle) {
     ASSERT_EQ(ShownMessages().size(), 2u);
     EXPECT_EQ(ShownMessages()[0].text, TEXT("Keine Karte."));
     EXPECT_EQ(ShownMessages()[0].title, TEXT("Fehler"));
+    EXPECT_FALSE(ShownMessages()[0].hasOwner);
     EXPECT_EQ(ShownMessages()[1].text, TEXT("No card."));
     EXPECT_EQ(ShownMessages()[1].title, TEXT("Error"));
 }

@@ -75,6 +75,7 @@ class NumericFieldTest : public WindowTest {
         const auto messages = ShownMessages();
         for (; shown_ < messages.size(); ++shown_) {
             EXPECT_EQ(Narrow(messages[shown_].title), "Error");
+            EXPECT_FALSE(messages[shown_].hasOwner);
             texts.push_back(Narrow(messages[shown_].text));
         }
         return texts;

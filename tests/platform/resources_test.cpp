@@ -91,6 +91,8 @@ TEST_F(ResourcesTest, BitmapsComeFromTheProgramAndFromFiles) {
         LoadBitmapW(module_, MAKEINTRESOURCEW(IDB_COLORS)),
         LoadBitmapW(module_, TEXT("byname")),
         LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE),
+        LoadImageW(nullptr, path.c_str(), IMAGE_BITMAP, 0, 0,
+                   LR_LOADFROMFILE | LR_CREATEDIBSECTION),
     };
     for (HANDLE bitmap : bitmaps) {
         BITMAP shape = {};

@@ -10,6 +10,7 @@ namespace test {
 struct ShownMessage {
     WideString text;
     WideString title;
+    bool hasOwner;
 };
 
 void StartMessageBoxes();

@@ -21,8 +21,7 @@ std::vector<ShownMessage> ShownMessages() {
     const std::vector<host::MessageBox>& boxes = host::MessageBoxes();
     for (size_t i = before; i < boxes.size(); ++i) {
         const host::MessageBox& box = boxes[i];
-        EXPECT_FALSE(box.hasOwner);
-        messages.push_back({box.text, box.title});
+        messages.push_back({box.text, box.title, box.hasOwner});
     }
     return messages;
 }

@@ -19,8 +19,7 @@ LRESULT CALLBACK WatchDialogs(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_ACTIVATE) {
         const HWND dialog = reinterpret_cast<HWND>(wParam);
         if (HWND text = GetDlgItem(dialog, kMessageTextId); text != nullptr) {
-            EXPECT_EQ(GetWindow(dialog, GW_OWNER), nullptr);
-            shown.push_back({TextOf(text), TextOf(dialog)});
+            shown.push_back({TextOf(text), TextOf(dialog), GetWindow(dialog, GW_OWNER) != nullptr});
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         }
     }

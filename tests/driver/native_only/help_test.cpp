@@ -30,7 +30,6 @@ class HelpTest : public SheetTest {
     }
     void Forget() { seen_ = host::ShellCalls().size(); }
 
-  private:
     size_t seen_ = 0;
 };
 

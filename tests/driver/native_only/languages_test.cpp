@@ -4,10 +4,12 @@
 #include "core/text.h"
 #include "numeric_fields.h"
 #include "platform/host.h"
+#include "resources/resource.h"
 #include "sheet_test.h"
 #include "tools/kpdtool/kpdtool.h"
 #include "ui/common/language.h"
 #include "ui/common/numeric_field.h"
+#include "ui/common/page.h"
 
 #include <strsafe.h>
 
@@ -86,11 +88,24 @@ class LanguagesTest : public SheetTest {
         return keys;
     }
 
+    /// What the Tools page says of the ribbon and of a card without a thickness.
+    static void ShowToolsMessages(HWND page) {
+        SendDlgItemMessageW(page, IDC_RIBBON_STATUS, BM_CLICK, 0, 0);
+        PageContext(page)->WorkingDevMode.Private.CardThickness = 255;
+        BYTE answer[130] = {0, 4};
+        COPYDATASTRUCT data = {5, sizeof(answer), answer};
+        SendMessageW(page, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+    }
+
     /// All that the driver can look up, without empty texts.
     std::set<Key> EveryKey() {
         SetUiLanguage(0x0409);
         InitLanguageFile();
-        OpenEveryPage([](HWND) {});
+        OpenEveryPage([](HWND page) {
+            if (GetDlgItem(page, IDC_RIBBON_STATUS) != nullptr) {
+                ShowToolsMessages(page);
+            }
+        });
         std::set<Key> keys = FieldMessages();
         for (const host::ProfileLookup& lookup : host::ProfileLookups()) {
             // What a field holds is looked up as well, and what a page has put together.
