@@ -2,6 +2,7 @@
 #include "companions/device_io.h"
 
 #include "core/driver_files.h"
+#include "core/message.h"
 
 #include <shellapi.h>
 #include <strsafe.h>
@@ -34,7 +35,7 @@ CallResult Call(const char* name, const WCHAR* failure, const WCHAR* printer,
                 Arguments... arguments) {
     HMODULE library = LoadDriverLibrary(kDeviceLibrary);
     if (library == nullptr) {
-        MessageBoxW(nullptr, failure, TEXT("Error"), MB_ICONERROR | MB_OK);
+        ShowMessage(failure, TEXT("Error"));
         return CallResult::kNoLibrary;
     }
     const auto operation =

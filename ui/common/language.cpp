@@ -1,9 +1,10 @@
 // The choice of the language file and the lookups in it.
 #include "ui/common/language.h"
 
+#include "core/driver_files.h"
+#include "core/message.h"
 #include "core/text.h"
 #include "core/ui_language.h"
-#include "core/driver_files.h"
 
 #include <strsafe.h>
 
@@ -23,7 +24,7 @@ void InitLanguageFile() {
 
 int SetSection(const WCHAR* name) {
     if (name == nullptr) {
-        MessageBoxW(nullptr, TEXT("Section name is empty!!"), TEXT("Error"), MB_ICONERROR | MB_OK);
+        ShowMessage(TEXT("Section name is empty!!"), TEXT("Error"));
         return 0;
     }
     StringCchCopyW(CurrentSection, kTextLength, name);
@@ -45,5 +46,5 @@ void ShowErrorMessage(const WCHAR* key) {
     WCHAR title[kTextLength];
     LookupString(key, text);
     LookupString(TEXT("Error"), title);
-    MessageBoxW(nullptr, text, title, MB_ICONERROR | MB_OK);
+    ShowMessage(text, title);
 }

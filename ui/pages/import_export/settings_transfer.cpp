@@ -1,6 +1,7 @@
 // Files are named in the platform's dialogs, and opened by their names in the ANSI code page.
 #include "ui/pages/import_export/settings_transfer.h"
 
+#include "core/message.h"
 #include "core/owners.h"
 #include "ui/pages/color/color_page.h"
 #include "ui/pages/device_options/device_options_page.h"
@@ -15,7 +16,7 @@ namespace {
 
 // These messages are English for every user.
 void ShowError(const WCHAR* text) {
-    MessageBoxW(nullptr, text, TEXT("Error"), MB_ICONERROR | MB_OK);
+    ShowMessage(text, TEXT("Error"));
 }
 
 // ---- File dialogs -----------------------------------------------------------------------------

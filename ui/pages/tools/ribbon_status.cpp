@@ -3,6 +3,7 @@
 
 #include "companions/device_io.h"
 #include "core/card_terms.h"
+#include "core/message.h"
 #include "ui/common/language.h"
 
 #include <strsafe.h>
@@ -21,5 +22,5 @@ void ShowRibbonStatus(const DriverContext& context) {
     const auto& name = context.WorkingDevMode.Public.dmDeviceName;
     WCHAR title[std::size(name) + 1] = {};  // a name may fill its place
     std::copy(std::begin(name), std::end(name), title);
-    MessageBoxW(nullptr, text, title, MB_OK);
+    ShowMessage(text, title, 0);
 }
