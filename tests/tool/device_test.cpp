@@ -44,6 +44,7 @@ TEST_F(DeviceToolTest, ShowsWhatThePrinterAnswers) {
     ASSERT_EQ(Run("show", kState), 0) << said_;
     const Json shown = Json::parse(said_);
     EXPECT_EQ(shown["firmware"], "1.07.0022");
+    EXPECT_EQ(shown["ribbon"]["name"], "YMCKO");
     EXPECT_EQ(shown["ribbon"]["code"], 33);
     EXPECT_EQ(shown["ribbon"]["remaining"], 187);
     EXPECT_EQ(shown["motors"], Json({0, -2}));

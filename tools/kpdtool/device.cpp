@@ -232,9 +232,11 @@ class Report {
         Finding finding = {"ribbon", "ribbon", kLacking, nullptr};
         if (library_.Has("QueryRibbonInfo")) {
             const RibbonStatus status = QueryRibbonStatus(printer_.c_str());
-            finding.text = "code " + std::to_string(status.Code) + ", " +
-                           std::to_string(status.Remaining) + " left";
-            finding.json = {{"code", status.Code}, {"remaining", status.Remaining}};
+            const std::string name = ToUtf8(RibbonName(RibbonOfPrinter(status.Code)));
+            finding.text = (name.empty() ? "unknown" : name) + ", code " +
+                           std::to_string(status.Code) + ", " + std::to_string(status.Remaining) +
+                           " left";
+            finding.json = {{"name", name}, {"code", status.Code}, {"remaining", status.Remaining}};
         }
         return finding;
     }
