@@ -86,6 +86,16 @@ LSTATUS OpenSubKey(HKEY handle, LPCWSTR subKey, REGSAM access, bool create, PHKE
     return ERROR_SUCCESS;
 }
 
+// A text whose size lacks the terminator that stands behind its last byte is stored with it.
+DWORD WithTerminator(DWORD type, const BYTE* data, DWORD size) {
+    if (type != REG_SZ || size < sizeof(WCHAR)) {
+        return size;
+    }
+    const auto* text = reinterpret_cast<const WCHAR*>(data);
+    const DWORD length = size / sizeof(WCHAR);
+    return text[length - 1] != 0 && text[length] == 0 ? size + sizeof(WCHAR) : size;
+}
+
 }  // namespace
 
 LSTATUS WINAPI RegOpenKeyExW(HKEY key, LPCWSTR subKey, DWORD options, REGSAM access, PHKEY result) {
@@ -172,7 +182,7 @@ LSTATUS WINAPI RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type
     if ((opened->access & KEY_SET_VALUE) == 0) {
         return ERROR_ACCESS_DENIED;
     }
-    keys[opened->path][FoldedName(name)] = {type, {data, data + size}};
+    keys[opened->path][FoldedName(name)] = {type, {data, data + WithTerminator(type, data, size)}};
     return ERROR_SUCCESS;
 }
 

@@ -76,4 +76,27 @@ TEST_F(RegistryTest, ValuesKeepTheirTypeAndBytesAndTellTheirSize) {
     RegCloseKey(key);
 }
 
+// A terminator that stands behind the last byte is stored although the size leaves it out.
+TEST_F(RegistryTest, TextsAreStoredWithTheTerminatorBehindThem) {
+    HKEY key = Create(kRoot, KEY_READ | KEY_WRITE, REG_CREATED_NEW_KEY);
+    const struct {
+        DWORD type;
+        const WCHAR* text;
+        DWORD size;
+        DWORD stored;
+    } cases[] = {
+        {REG_SZ, TEXT("ab"), 4, 6},    {REG_SZ, TEXT("ab"), 6, 6}, {REG_SZ, TEXT("ab "), 4, 4},
+        {REG_SZ, TEXT("a\0\0"), 4, 4}, {REG_SZ, TEXT(""), 0, 0},   {REG_BINARY, TEXT("ab"), 4, 4},
+    };
+    for (const auto& c : cases) {
+        const auto* bytes = reinterpret_cast<const BYTE*>(c.text);
+        ASSERT_EQ(RegSetValueExW(key, TEXT("v"), 0, c.type, bytes, c.size), ERROR_SUCCESS);
+        DWORD size = 0;
+        EXPECT_EQ(RegQueryValueExW(key, TEXT("v"), nullptr, nullptr, nullptr, &size),
+                  ERROR_SUCCESS);
+        EXPECT_EQ(size, c.stored) << c.type << " of " << c.size;
+    }
+    RegCloseKey(key);
+}
+
 }  // namespace

@@ -32,7 +32,7 @@ struct PrinterSpec {
 /// could not be done.
 std::string InstallPrinter(const PrinterSpec& spec);
 
-/// Removes a printer that InstallPrinter added.
+/// Removes a printer that InstallPrinter added, and on Windows what its pages keep of the user's.
 void RemovePrinter(const WideString& name);
 
 /// Makes this the user's UI language for the driver code linked into this program. Gives an empty

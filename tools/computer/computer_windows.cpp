@@ -56,6 +56,16 @@ std::string InstallDriver(const WideString& model) {
     return {};
 }
 
+void RemoveFromSpooler(const WideString& name) {
+    WideString copy = name;
+    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
+    HANDLE printer = nullptr;
+    if (OpenPrinterW(copy.data(), &printer, &defaults)) {
+        DeletePrinter(printer);
+        ClosePrinter(printer);
+    }
+}
+
 }  // namespace
 
 std::string AddToSpooler(const PrinterSpec& spec) {
@@ -65,7 +75,7 @@ std::string AddToSpooler(const PrinterSpec& spec) {
     if (spec.remote && !spec.port.empty() && !spec.port.starts_with(TEXT("\\\\"))) {
         return "a remote printer's port begins with two backslashes here";
     }
-    RemovePrinter(spec.name);
+    RemoveFromSpooler(spec.name);
     PrinterSpec copy = spec;
     WCHAR filePort[] = TEXT("FILE:");
     WCHAR serverPort[] = TEXT("\\\\server\\cards");
@@ -87,13 +97,8 @@ std::string AddToSpooler(const PrinterSpec& spec) {
 }
 
 void RemovePrinter(const WideString& name) {
-    WideString copy = name;
-    PRINTER_DEFAULTSW defaults = {nullptr, nullptr, PRINTER_ALL_ACCESS};
-    HANDLE printer = nullptr;
-    if (OpenPrinterW(copy.data(), &printer, &defaults)) {
-        DeletePrinter(printer);
-        ClosePrinter(printer);
-    }
+    RemoveFromSpooler(name);
+    RegDeleteTreeW(HKEY_CURRENT_USER, (TEXT("Printers\\") + name).c_str());
 }
 
 std::string SetUiLanguage(LANGID language) {

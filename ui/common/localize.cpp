@@ -6,6 +6,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kControlTextLength = 512;
@@ -110,13 +112,21 @@ void LocalizeControl(HWND control) {
     }
 }
 
+bool IsAmong(std::span<const TextField> fields, HWND control) {
+    return !fields.empty() &&
+           std::any_of(fields.begin(), fields.end(),
+                       [id = GetDlgCtrlID(control)](const auto& row) { return row.Control == id; });
+}
+
 }  // namespace
 
-int LocalizeDialog(HWND dialog) {
+int LocalizeDialog(HWND dialog, std::span<const TextField> typed) {
     LocalizeText(dialog);
     for (HWND control = GetWindow(dialog, GW_CHILD); control != nullptr;
          control = GetWindow(control, GW_HWNDNEXT)) {
-        LocalizeControl(control);
+        if (!IsAmong(typed, control)) {
+            LocalizeControl(control);
+        }
     }
     if (HMENU menu = GetMenu(dialog); menu != nullptr) {
         LocalizeMenu(menu, dialog);

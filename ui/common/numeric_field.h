@@ -36,8 +36,8 @@ constexpr int kHundredthsMaximum = 999;
 
 struct TextField {
     int Control;
-    WCHAR First;  ///< the accepted characters, beside backspace
-    WCHAR Last;
+    WCHAR First = 0;  ///< the accepted characters, beside backspace
+    WCHAR Last = 0xFFFF;
     const WCHAR* Except = TEXT("");
 };
 

@@ -56,7 +56,7 @@ class Filling {
 
 void Translate(const Page& page, HWND dialog) {
     SetSection(page.Section);
-    LocalizeDialog(dialog);
+    LocalizeDialog(dialog, page.TextFields);
 }
 
 void OpenPage(const Page& page, HWND dialog, const PROPSHEETPAGEW& record) {
@@ -68,6 +68,9 @@ void OpenPage(const Page& page, HWND dialog, const PROPSHEETPAGEW& record) {
     CallInSection(page, page.Open, dialog, context);
     for (const NumericField& field : page.Fields) {
         SubclassNumericField(GetDlgItem(dialog, field.Control), field);
+    }
+    for (const TextField& field : page.TextFields) {
+        SubclassTextField(GetDlgItem(dialog, field.Control), field);
     }
     Translate(page, dialog);
     if (!page.Tips.empty()) {
@@ -102,6 +105,7 @@ void AnswerNotification(const Page& page, HWND dialog, DriverContext& context,
             if (page.ReportsAccepted) {
                 ReportAccepted(context, page.Slot);
             }
+            CallInSection(page, page.Applied, dialog, context);
             break;
         case PSN_HELP:
             if (page.OffersHelp) {

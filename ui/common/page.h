@@ -18,12 +18,13 @@ struct Page {
     bool ReportsAccepted = true;  ///< answers an apply with CPSUI_OK
     bool DropsTooltip = true;     ///< takes the shared tooltip window with it
     std::span<const NumericField> Fields = {};
+    std::span<const TextField> TextFields = {};  ///< their texts are not translated
     std::span<const Tip> Tips = {};
 
     // The hooks, each optional. While the page is being filled nothing that its controls tell is
-    // passed on to them. The page's section is the current one when Fill, Open, Activate, Apply and
-    // TakeAnswer are called; the others set it before they look texts up, since another page's may
-    // be.
+    // passed on to them. The page's section is the current one when Fill, Open, Activate, Apply,
+    // Applied and TakeAnswer are called; the others set it before they look texts up, since another
+    // page's may be.
 
     /// Brings the record into a form that the page can show, and sets the controls from it; the
     /// skeleton then translates them. Called when the page opens and by FillPage, then also
@@ -34,6 +35,8 @@ struct Page {
     void (*Activate)(HWND dialog, DriverContext& context) = nullptr;
     /// Before the page reports that the user accepted it.
     void (*Apply)(HWND dialog, DriverContext& context) = nullptr;
+    /// After that report.
+    void (*Applied)(HWND dialog, DriverContext& context) = nullptr;
     void (*Command)(HWND dialog, DriverContext& context, int control, int notification) = nullptr;
     /// A control's WM_NOTIFY, such as another tab.
     void (*Notify)(HWND dialog, DriverContext& context, const NMHDR& notification) = nullptr;

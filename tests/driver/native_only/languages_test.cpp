@@ -97,13 +97,28 @@ class LanguagesTest : public SheetTest {
         SendMessageW(page, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
     }
 
+    /// With it the dialog that asks for the database has its texts and then fails.
+    static void StoreBadDatabasePath() {
+        const WideString path = TEXT("a|b ");
+        HKEY key = nullptr;
+        RegCreateKeyExW(HKEY_CURRENT_USER, (TEXT("Printers\\") + kPrinterName).c_str(), 0, nullptr,
+                        0, KEY_WRITE, nullptr, &key, nullptr);
+        RegSetValueExW(key, TEXT("UsingDatabaseFileName"), 0, REG_SZ,
+                       reinterpret_cast<const BYTE*>(path.data()), 8);
+        RegCloseKey(key);
+    }
+
     /// All that the driver can look up, without empty texts.
     std::set<Key> EveryKey() {
         SetUiLanguage(0x0409);
         InitLanguageFile();
+        StoreBadDatabasePath();
         OpenEveryPage([](HWND page) {
             if (GetDlgItem(page, IDC_RIBBON_STATUS) != nullptr) {
                 ShowToolsMessages(page);
+            }
+            if (GetDlgItem(page, IDC_BROWSE_DATABASE) != nullptr) {
+                SendMessageW(page, WM_COMMAND, IDC_BROWSE_DATABASE, 0);
             }
         });
         std::set<Key> keys = FieldMessages();
@@ -113,7 +128,8 @@ class LanguagesTest : public SheetTest {
                 lookup.key.find_first_not_of(TEXT("-.0123456789")) == lookup.key.npos;
             const bool isSeveralLines = lookup.key.find('\n') != lookup.key.npos;
             const bool isModel = lookup.key.ends_with(TEXT(" Driver"));
-            if (!lookup.section.empty() && !isNumber && !isSeveralLines && !isModel) {
+            const bool isFailure = lookup.key.ends_with(TEXT("12290 "));
+            if (!lookup.section.empty() && !isNumber && !isSeveralLines && !isModel && !isFailure) {
                 keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
             }
         }

@@ -3,6 +3,7 @@
 
 #include "core/message.h"
 #include "core/owners.h"
+#include "ui/common/file_dialog.h"
 #include "ui/pages/color/color_page.h"
 #include "ui/pages/device_options/device_options_page.h"
 #include "ui/pages/import_export/settings_parts_dialog.h"
@@ -21,38 +22,26 @@ void ShowError(const WCHAR* text) {
 
 // ---- File dialogs -----------------------------------------------------------------------------
 
-constexpr size_t kPathLength = 260;
 constexpr WCHAR kFilter[] = TEXT("Card Printer Driver Files (*.mcs)\0*.mcs\0");
 
-using AskFunction = decltype(&GetOpenFileNameW);
-
-// `path` is the initial name and becomes the chosen one.
-bool AskForFile(HWND page, AskFunction ask, DWORD flags, WCHAR (&path)[kPathLength]) {
-    OPENFILENAMEW dialog = {};
-    dialog.lStructSize = sizeof(dialog);
-    dialog.hwndOwner = page;
-    dialog.lpstrFilter = kFilter;
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = kPathLength;
-    dialog.Flags = flags;
-    if (ask(&dialog)) {
-        return true;
-    }
-    if (const DWORD error = CommDlgExtendedError(); error != 0) {
-        WCHAR text[64];
-        StringCchPrintfW(text, std::size(text), TEXT("Can't open file , Error code : %d "),
-                         static_cast<int>(error));
-        ShowError(text);
-    }
-    return false;
+void TellFailure(DWORD error) {
+    WCHAR text[64];
+    StringCchPrintfW(text, std::size(text), kFileDialogFailure, static_cast<int>(error));
+    ShowError(text);
 }
+
+constexpr FileQuestion kExportTo = {
+    .Saves = true, .Filter = kFilter, .Flags = OFN_OVERWRITEPROMPT, .TellFailure = TellFailure};
+constexpr FileQuestion kImportFrom = {.Filter = kFilter,
+                                      .Flags = OFN_READONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST,
+                                      .TellFailure = TellFailure};
 
 // ---- Files ------------------------------------------------------------------------------------
 
 class OpenedFile {
   public:
     OpenedFile(const WCHAR* path, DWORD access, DWORD disposition) {
-        char name[kPathLength * 3] = {};
+        char name[kFilePathLength * 3] = {};
         if (WideCharToMultiByte(CP_ACP, 0, path, -1, name, sizeof(name), nullptr, nullptr) != 0) {
             handle_ = CreateFileA(name, access, FILE_SHARE_READ, nullptr, disposition,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -147,8 +136,8 @@ void ExportSettings(HWND page, const DriverContext& context) {
     if (RunSettingsPartsDialog(page, &parts) != IDOK || parts == 0) {
         return;
     }
-    WCHAR path[kPathLength] = TEXT("Export.mcs");
-    if (!AskForFile(page, GetSaveFileNameW, OFN_OVERWRITEPROMPT, path)) {
+    WCHAR path[kFilePathLength] = TEXT("Export.mcs");
+    if (!AskForFile(page, kExportTo, path)) {
         return;
     }
     if (const OpenedFile file(path, GENERIC_WRITE, CREATE_ALWAYS); file) {
@@ -160,9 +149,8 @@ void ExportSettings(HWND page, const DriverContext& context) {
 }
 
 void ImportSettings(HWND page, DriverContext& context) {
-    WCHAR path[kPathLength] = {};
-    if (!AskForFile(page, GetOpenFileNameW, OFN_READONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST,
-                    path)) {
+    WCHAR path[kFilePathLength] = {};
+    if (!AskForFile(page, kImportFrom, path)) {
         return;
     }
     DWORD parts = OfferedParts(path);
