@@ -300,12 +300,11 @@ void OpenMagnetic(HWND dialog, DriverContext& context) {
     EnableControls(dialog);
 }
 
-void FollowPrinter(HWND dialog, DriverContext& context, bool hasEncoder) {
+void FollowPrinter(HWND dialog, DriverContext& context) {
     DevModeRecord& record = context.WorkingDevMode;
-    page.Encoding = {.HasEncoder = hasEncoder,
-                     .IsRemotePrinter = context.IsRemotePrinter != 0,
-                     .CardType = record.Private.CardType,
-                     .MagOptions = record.Private.MagOptions};
+    page.Encoding.IsRemotePrinter = context.IsRemotePrinter != 0;
+    page.Encoding.CardType = record.Private.CardType;
+    page.Encoding.MagOptions = record.Private.MagOptions;
     if (EnabledControls(page.Encoding) != kNoControls) {
         CorrectCoercivity(record.Private);
     }
@@ -313,14 +312,17 @@ void FollowPrinter(HWND dialog, DriverContext& context, bool hasEncoder) {
     EnableControls(dialog);
 }
 
+// The answer may come while the question is still being asked.
 void ActivateMagnetic(HWND dialog, DriverContext& context) {
+    page.Encoding.HasEncoder = false;
     AskDevice(DeviceQuery::kMagneticEncoder, dialog, context.PrinterName);
-    FollowPrinter(dialog, context, false);
+    FollowPrinter(dialog, context);
 }
 
 void TakeEncoderAnswer(HWND dialog, DriverContext& context, const COPYDATASTRUCT& answer) {
     if (const std::optional<bool> hasEncoder = ReadEncoderAnswer(answer)) {
-        FollowPrinter(dialog, context, *hasEncoder);
+        page.Encoding.HasEncoder = *hasEncoder;
+        FollowPrinter(dialog, context);
     }
 }
 
