@@ -32,6 +32,8 @@ class GlobalBlock {
 
     explicit operator bool() const { return block_ != nullptr; }
     T* get() const { return block_; }
+    /// Leaves the block to the caller, to be freed with GlobalFree.
+    T* Release() { return std::exchange(block_, nullptr); }
     T* operator->() const { return block_; }
     T& operator*() const { return *block_; }
 

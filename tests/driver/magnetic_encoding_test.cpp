@@ -14,6 +14,7 @@
 #include <memory>
 #include <random>
 #include <set>
+#include <utility>
 
 namespace test {
 namespace {
@@ -596,6 +597,32 @@ TEST_F(MagneticPageTest, ApplyReportsBeforeItStores) {
     Apply();
     EXPECT_EQ(reports, "9 77 1 none");
     EXPECT_EQ(key_->Stored(TEXT("MagneticTrack1")), "1:256:A+127z");
+}
+
+// Two printers' sheets in one process.
+TEST_F(MagneticPageTest, PagesDoNotMeet) {
+    const WideString otherPrinter = TEXT("Kpd magnet 2");
+    const MagneticKey otherKey(otherPrinter);
+    key_->StoreText(kPathValue, TEXT("a"));
+    otherKey.StoreText(kPathValue, TEXT("b"));
+    Open();
+    Answer("\1");
+    DriverContext other = context_;
+    otherPrinter.copy(other.WorkingDevMode.Public.dmDeviceName, CCHDEVICENAME);
+    PROPSHEETPAGEW record = {};
+    record.lParam = reinterpret_cast<LPARAM>(&other);
+    HWND second = CreateDialogParamW(
+        GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MAGNETIC_ENCODING), parent_,
+        PageProc<kMagneticEncodingPage>, reinterpret_cast<LPARAM>(&record));
+    COPYDATASTRUCT none = {6, 1, const_cast<char*>("")};
+    SendMessageW(second, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&none));
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(second, IDC_FILTER)));
+    Click(IDC_FILTER);
+    EXPECT_EQ(Enabled(), Usable());
+    Apply();
+    EXPECT_EQ(key_->Stored(kPathValue), "1:520:a+259z");
+    EXPECT_EQ(otherKey.Stored(kPathValue), "1:2:b");
+    DestroyWindow(second);
 }
 
 // ---- Whatever a user does -----------------------------------------------------------------------

@@ -185,6 +185,24 @@ TEST_F(MagneticFaults, TextsThatCannotBeReadAreEmpty) {
     }
 }
 
+TEST_F(MagneticFaults, WithoutMemoryOfItsOwnThePageWorksAsEver) {
+    key_.StoreText(TEXT("UsingDatabaseFileName"), TEXT("stored"));
+    Open();
+    const host::Holdings before = host::CurrentHoldings();
+    host::FailCall(host::Call::kGlobal, 1);
+    Open();
+    host::FailCall(host::Call::kGlobal, 0);
+    EXPECT_EQ(host::CurrentHoldings().globalBlocks, before.globalBlocks - 1);
+    Click(IDC_USING_DATABASE);
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page_, IDC_DATABASE_PATH)));
+    Notify(PSN_SETACTIVE);
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page_, IDC_TRACK_1)));
+    Notify(PSN_APPLY);
+    EXPECT_EQ(key_.Stored(TEXT("UsingDatabaseFileName")), "1:520:stored+254z");
+    Open();
+    EXPECT_EQ(host::CurrentHoldings(), before);
+}
+
 // Neither opened nor made.
 TEST_F(MagneticFaults, WithoutAKeyThePageWorksAndStoresNothing) {
     host::FailCall(host::Call::kRegistry, 2, ERROR_ACCESS_DENIED);

@@ -3,6 +3,7 @@
 
 #include "companions/device_io.h"
 #include "core/driver_files.h"
+#include "core/owners.h"
 #include "resources/resource.h"
 #include "ui/common/bound_buttons.h"
 #include "ui/common/controls.h"
@@ -18,11 +19,34 @@
 
 namespace {
 
-// What one page at a time knows beside the record and its controls.
-struct {
+// ---- What a page knows beside its controls ------------------------------------------------------
+
+struct PageState {
     EncodingState Encoding;
     WCHAR DatabasePath[kFilePathLength];  ///< chosen or stored; what is typed does not count
-} page;
+};
+
+constexpr const WCHAR* kStateProperty = TEXT("kpdui.magnetic");
+
+PageState commonState;  // of pages for whose own there is no memory
+
+// The page's window keeps it: sheets of several printers may be open in one process.
+PageState& StateOf(HWND dialog) {
+    auto* own = static_cast<PageState*>(GetPropW(dialog, kStateProperty));
+    return own != nullptr ? *own : commonState;
+}
+
+void MakeState(HWND dialog) {
+    auto own = GlobalBlock<PageState>::Allocate();
+    if (own && SetPropW(dialog, kStateProperty, own.get())) {
+        own.Release();
+    }
+    StateOf(dialog) = {};
+}
+
+void DropState(HWND dialog, DriverContext&) {
+    GlobalFree(RemovePropW(dialog, kStateProperty));
+}
 
 // ---- What is enabled ----------------------------------------------------------------------------
 
@@ -65,7 +89,7 @@ constexpr struct {
 };
 
 void EnableControls(HWND dialog) {
-    const unsigned enabled = EnabledControls(page.Encoding);
+    const unsigned enabled = EnabledControls(StateOf(dialog).Encoding);
     for (const auto& row : kEnabling) {
         EnableControl(dialog, row.Control, (enabled & row.Group) != 0);
     }
@@ -89,7 +113,7 @@ constexpr BoundButton kButtons[] = {
 void PressBound(HWND dialog, DevModeRecord& record, const BoundButton& button) {
     StoreClick(record, button);
     ShowButtons(dialog, record, kButtons);
-    page.Encoding.MagOptions = record.Private.MagOptions;
+    StateOf(dialog).Encoding.MagOptions = record.Private.MagOptions;
     EnableControls(dialog);
 }
 
@@ -138,9 +162,13 @@ void ShowNumber(HWND dialog, const DevModeRecord& record, const NumberRow& row) 
     SetScrollPos(arrows, SB_CTL, static_cast<int>(value), TRUE);
 }
 
+// What stands in the field at the end counts: while the user reads why a text was refused, the page
+// can be used, and another number may come.
 void EnterNumber(HWND dialog, DevModeRecord& record, const NumberRow& row) {
-    const int previous = static_cast<int>(ReadField(record, row.Value));
-    const int value = ValidateIntField(dialog, row.Field, previous);
+    ValidateIntField(dialog, row.Field, static_cast<int>(ReadField(record, row.Value)));
+    WCHAR text[kNumberLength] = {};
+    GetDlgItemTextW(dialog, row.Field.Control, text, kNumberLength);
+    const LONG value = ParseDecimalText(text);
     WriteField(record, row.Value, static_cast<DWORD>(value));
     SetScrollPos(GetDlgItem(dialog, row.Field.Arrows), SB_CTL, value, TRUE);
     TellSheetChanged(dialog);
@@ -181,7 +209,7 @@ void ShowTexts(HWND dialog, const MagneticTexts& texts) {
         SendDlgItemMessageW(dialog, row.Control, EM_LIMITTEXT, row.MostTyped, 0);
         SetDlgItemTextW(dialog, row.Control, texts.Texts[row.Text]);
     }
-    StringCchCopyW(page.DatabasePath, kFilePathLength, texts.Texts[kDatabasePathText]);
+    StringCchCopyW(StateOf(dialog).DatabasePath, kFilePathLength, texts.Texts[kDatabasePathText]);
 }
 
 void StoreTexts(HWND dialog, DriverContext& context) {
@@ -189,7 +217,8 @@ void StoreTexts(HWND dialog, DriverContext& context) {
     for (const auto& row : kTexts) {
         GetDlgItemTextW(dialog, row.Control, texts.Texts[row.Text], kMagneticTextLength);
     }
-    StringCchCopyW(texts.Texts[kDatabasePathText], kMagneticTextLength, page.DatabasePath);
+    StringCchCopyW(texts.Texts[kDatabasePathText], kMagneticTextLength,
+                   StateOf(dialog).DatabasePath);
     WriteMagneticTexts(context.WorkingDevMode.Public.dmDeviceName, texts);
 }
 
@@ -238,14 +267,14 @@ void BrowseDatabase(HWND dialog) {
     LookupString(TEXT("Open Database"), title);
     MakeFilter(filter);
     WCHAR path[kFilePathLength];
-    StringCchCopyW(path, kFilePathLength, page.DatabasePath);
+    StringCchCopyW(path, kFilePathLength, StateOf(dialog).DatabasePath);
     if (AskForFile(dialog,
                    {.Title = title,
                     .Filter = filter,
                     .Flags = OFN_READONLY | OFN_PATHMUSTEXIST | OFN_FILEMUSTEXIST,
                     .TellFailure = TellFailure},
                    path)) {
-        StringCchCopyW(page.DatabasePath, kFilePathLength, path);
+        StringCchCopyW(StateOf(dialog).DatabasePath, kFilePathLength, path);
         SetDlgItemTextW(dialog, IDC_DATABASE_PATH, path);  // which tells the sheet
     }
 }
@@ -284,6 +313,7 @@ void MagneticCommand(HWND dialog, DriverContext& context, int control, int notif
 
 // Until the page is activated its controls are as on a printer with an encoder.
 void OpenMagnetic(HWND dialog, DriverContext& context) {
+    MakeState(dialog);
     DevModeRecord& record = context.WorkingDevMode;
     CorrectEncodingSettings(record.Private);
     ShowButtons(dialog, record, kButtons);
@@ -293,19 +323,20 @@ void OpenMagnetic(HWND dialog, DriverContext& context) {
     MagneticTexts texts;
     ReadMagneticTexts(record.Public.dmDeviceName, texts);
     ShowTexts(dialog, texts);
-    page.Encoding = {.HasEncoder = true,
-                     .IsRemotePrinter = false,
-                     .CardType = kMagneticStripeCard,
-                     .MagOptions = record.Private.MagOptions};
+    StateOf(dialog).Encoding = {.HasEncoder = true,
+                                .IsRemotePrinter = false,
+                                .CardType = kMagneticStripeCard,
+                                .MagOptions = record.Private.MagOptions};
     EnableControls(dialog);
 }
 
 void FollowPrinter(HWND dialog, DriverContext& context) {
     DevModeRecord& record = context.WorkingDevMode;
-    page.Encoding.IsRemotePrinter = context.IsRemotePrinter != 0;
-    page.Encoding.CardType = record.Private.CardType;
-    page.Encoding.MagOptions = record.Private.MagOptions;
-    if (EnabledControls(page.Encoding) != kNoControls) {
+    EncodingState& state = StateOf(dialog).Encoding;
+    state.IsRemotePrinter = context.IsRemotePrinter != 0;
+    state.CardType = record.Private.CardType;
+    state.MagOptions = record.Private.MagOptions;
+    if (EnabledControls(state) != kNoControls) {
         CorrectCoercivity(record.Private);
     }
     ShowButtons(dialog, record, kButtons);
@@ -314,14 +345,14 @@ void FollowPrinter(HWND dialog, DriverContext& context) {
 
 // The answer may come while the question is still being asked.
 void ActivateMagnetic(HWND dialog, DriverContext& context) {
-    page.Encoding.HasEncoder = false;
+    StateOf(dialog).Encoding.HasEncoder = false;
     AskDevice(DeviceQuery::kMagneticEncoder, dialog, context.PrinterName);
     FollowPrinter(dialog, context);
 }
 
 void TakeEncoderAnswer(HWND dialog, DriverContext& context, const COPYDATASTRUCT& answer) {
     if (const std::optional<bool> hasEncoder = ReadEncoderAnswer(answer)) {
-        page.Encoding.HasEncoder = *hasEncoder;
+        StateOf(dialog).Encoding.HasEncoder = *hasEncoder;
         FollowPrinter(dialog, context);
     }
 }
@@ -355,4 +386,5 @@ constinit const Page kMagneticEncodingPage = {
     .Command = MagneticCommand,
     .ScrollVertically = StepNumber,
     .TakeAnswer = TakeEncoderAnswer,
+    .Close = DropState,
 };
