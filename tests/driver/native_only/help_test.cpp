@@ -77,6 +77,18 @@ TEST_F(HelpTest, TheAdvanceToolsManual) {
     EXPECT_EQ(Opened(), "AdvanceToolChs.pdf");
 }
 
+TEST_F(HelpTest, TheHeatingEnergyPagesManual) {
+    ASSERT_TRUE(SetUiLanguage(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_TRADITIONAL)));
+    RunSheet(TEXT("Mirv KP-41"), {[&] {
+                 HWND page = ShowPage(kHeatingEnergySlot);
+                 Forget();
+                 SendDlgItemMessageW(page, IDC_HEATING_DEFAULT, BM_CLICK, 0, 0);
+                 EXPECT_EQ(Opened(), "");
+                 SendDlgItemMessageW(page, IDC_HEATING_DESCRIPTION, BM_CLICK, 0, 0);
+             }});
+    EXPECT_EQ(Opened(), "HeatingEnergyCht.pdf");
+}
+
 TEST_F(HelpTest, EveryPagesHelpButton) {
     const struct {
         const WCHAR* model;
