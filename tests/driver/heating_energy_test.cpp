@@ -1,5 +1,6 @@
 // The Heating Energy page by itself, over a parent that stands for the sheet.
 #include "lone_page.h"
+#include "pixel_canvas.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
 #include "ui/pages/heat_energy/heating_energy_page.h"
@@ -290,6 +291,28 @@ TEST_F(HeatingEnergyTest, ATabShowsItsSlidersAndKeepsTheOthers) {
     EXPECT_EQ(Value(IDC_DENSITY_FRONT_K), "99");
     Press(Item(IDC_HEATING_TAB), VK_LEFT);
     check(0);
+}
+
+// The sets of sliders lie upon each other, and all of them upon the tab control.
+TEST_F(HeatingEnergyTest, AnotherTabPaintsThePageAsIfAnew) {
+    constexpr int kWidth = 440;
+    constexpr int kHeight = 380;
+    const auto take = [&](PixelCanvas& picture) {
+        HandlePosted();
+        HDC screen = GetDC(page_);
+        BitBlt(picture.context, 0, 0, kWidth, kHeight, screen, 0, 0, SRCCOPY);
+        ReleaseDC(page_, screen);
+    };
+    Open();
+    for (const int tab : {0, 1, 2, 0, 2, 1, 0}) {
+        PixelCanvas changed(kWidth, kHeight);
+        PixelCanvas anew(kWidth, kHeight);
+        ChooseTab(tab);
+        take(changed);
+        InvalidateRect(page_, nullptr, TRUE);
+        take(anew);
+        EXPECT_EQ(std::memcmp(changed.memory, anew.memory, size_t{kWidth} * kHeight * 4), 0) << tab;
+    }
 }
 
 TEST_F(HeatingEnergyTest, TabsAreTranslatedButForTheLetter) {

@@ -179,4 +179,23 @@ TEST_F(TabControlTest, NoTabCoversATextOfAnother) {
     }
 }
 
+// A dialog's controls can lie upon the display area.
+TEST_F(TabControlTest, SelectingAndTheFocusLeaveTheDisplayArea) {
+    Make(0, 300, {"One", "Two", "Three"});
+    test::HandlePosted();
+    const POINT place = {150, RectOf(0).bottom + 6};
+    const HDC context = GetDC(control_);
+    PatBlt(context, place.x, place.y, 20, 20, WHITENESS);
+    Click(2);
+    test::HandlePosted();
+    Click(2);
+    EXPECT_EQ(GetFocus(), control_);
+    test::HandlePosted();
+    Send(TCM_SETCURSEL, 0);
+    SetFocus(parent_);
+    test::HandlePosted();
+    EXPECT_EQ(GetPixel(context, place.x, place.y), COLORREF{0xFFFFFF});
+    ReleaseDC(control_, context);
+}
+
 }  // namespace

@@ -31,6 +31,7 @@ class TabControl : public host::common::Control {
     bool Owns(UINT message) const override { return IsInRange(message, TCM_FIRST); }
     void Measure() override { Arrange(); }
     void DrawTab(HDC context, int index) const;
+    void RedrawTabs() const;
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleItems(UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -67,6 +68,10 @@ LRESULT TabControl::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_SIZE:
             Arrange();
+            return 0;
+        case WM_SETFOCUS:
+        case WM_KILLFOCUS:
+            RedrawTabs();
             return 0;
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
@@ -166,7 +171,7 @@ LRESULT TabControl::SetSelection(int index) {
     }
     const int previous = std::exchange(selected_, index);
     PlaceSelectedRowLowest();
-    Redraw();
+    RedrawTabs();
     return previous;
 }
 
@@ -305,6 +310,13 @@ void TabControl::PlaceSelectedRowLowest() {
         item.rect.top = kMargin + static_cast<int>(row - rowOrder_.begin()) * tabHeight_;
         item.rect.bottom = item.rect.top + tabHeight_;
     }
+}
+
+// Without the display area, which siblings may have painted on.
+void TabControl::RedrawTabs() const {
+    RECT tabs = Client();
+    tabs.bottom = kMargin + static_cast<int>(rowOrder_.size()) * tabHeight_ + kMargin;
+    InvalidateRect(window_, &tabs, TRUE);
 }
 
 void TabControl::Paint(HDC context) {
