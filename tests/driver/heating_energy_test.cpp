@@ -65,7 +65,7 @@ class HeatingEnergyTest : public LonePageTest {
         context_.ComPropSheetHandle = reinterpret_cast<HANDLE>(ULONG_PTR{77});
         context_.PageHandles[kHeatingEnergySlot] = reinterpret_cast<HANDLE>(ULONG_PTR{55});
         WriteWideText(LanguageFilePath, TEXT(""));
-        // Different entries, of which the ones beyond the ends are of no use here.
+        // A value of its own in every entry.
         for (size_t table = 0; table < kTables; ++table) {
             for (size_t entry = 0; entry < kEnergyTableSize; ++entry) {
                 Stored(table, entry) = static_cast<signed char>(table * 8 + entry) - 60;

@@ -19,7 +19,7 @@ namespace {
 
 // ---- The sliders --------------------------------------------------------------------------------
 
-// The last set of sliders is for a panel that no ribbon has yet.
+// The fourth set of sliders has no tab. It is loaded, reset and stored like the others.
 enum Tab : int { kYmckoTab, kResinKTab, kFTab, kNoTab };
 
 constexpr const WCHAR* kDensityTip =
