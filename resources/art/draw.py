@@ -67,6 +67,7 @@ def bitmaps():
         pictures[f"back_mark_{name}"] = motifs.back_mark(is_portrait)
         for sides in motifs.SIDES:
             pictures[f"page_order_{name}_{sides}"] = motifs.page_order(is_portrait, sides)
+    pictures["lamination_position"] = motifs.lamination_position()
     for name in motifs.BLENDED:
         pictures[name], pictures[f"{name}_mask"] = motifs.blended(name)
     return pictures

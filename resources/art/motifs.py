@@ -275,6 +275,7 @@ def portrait():
 # Letters of strokes: the width, and the lines on a height of 100 (the widths are to that scale)
 GLYPHS = {
     "N": (70, "M0 100 0 0 70 100 70 0"),
+    "L": (54, "M0 0 0 100 54 100"),
     "a": (52, "M6 44 C16 32 50 28 50 54 M50 54 50 100 M50 66 C20 62 0 68 0 84 C0 106 44 104 50 80"),
     "m": (88, "M0 100 0 38 M0 60 C2 28 44 30 44 60 M44 100 44 60 C46 28 88 30 88 60 M88 60 88 100"),
     "e": (54, "M0 68 54 68 C54 26 0 26 0 68 C0 106 40 106 52 90"),
@@ -286,6 +287,7 @@ GLYPHS = {
     "3": (56, "M2 12 C20 -8 54 -2 54 24 C54 44 36 48 22 48 C40 48 56 54 56 74 "
               "C56 106 14 108 0 86"),
     "4": (62, "M46 100 46 0 0 68 62 68"),
+    "b": (52, "M0 0 0 100 M0 68 C0 28 52 28 52 68 C52 108 0 108 0 68"),
     "M": (84, "M0 100 0 0 42 66 84 0 84 100"),
     "i": (0, "M0 38 0 100 M0 8 0 8.1"),
     "r": (34, "M0 38 0 100 M0 66 C2 48 14 38 34 40"),
@@ -381,6 +383,47 @@ def page_order(is_portrait, sides):
         sheet_of_paper(canvas, sheet, digit)
         arrow(canvas, *way, digit)
         card(canvas, box, LINE, side)
+    return canvas.picture()
+
+
+# The film beside its place on the card, and how far: La along the card, Lb across
+
+FILM_SHIFT = 34 + 20j
+
+
+def dimension(canvas, name, ends, name_place):
+    """An arrow with two heads, and lines at right angles to it where it measures from and to."""
+    first, last = ends
+    along = (last - first) / abs(last - first)
+    across = along * 1j
+    path = ""
+    for end, inwards in ((first, along), (last, -along)):
+        left, right = end + 6 * inwards + 3 * across, end + 6 * inwards - 3 * across
+        canvas.fill(area(f"M{end.real} {end.imag} {left.real} {left.imag} "
+                         f"{right.real} {right.imag} Z"), JACKET)
+        a, b = end - 8 * across, end + 8 * across
+        path += f"M{a.real} {a.imag} {b.real} {b.imag} "
+    a, b = first + 5 * along, last - 5 * along
+    canvas.fill(stroke(1, path), JACKET)
+    canvas.fill(stroke(1.6, f"M{a.real} {a.imag} {b.real} {b.imag}"), JACKET)
+    write(canvas, name, name_place, 14, 3.5, 2, JACKET)
+
+
+def lamination_position():
+    canvas = Canvas(225, 117, WHITE)
+    place, (width, height) = 38 + 27j, (112, 64)
+    card(canvas, (place.real, place.imag, width, height), 2, card_front)
+    covered = place + FILM_SHIFT
+    film = (covered.real, covered.imag, width, height, 8)
+    bare = canvas.image.copy()
+    canvas.fill(rectangle(*film), PHOTO)
+    canvas.image = Image.blend(bare, canvas.image, 0.55)
+    canvas.fill(rectangle(*film, 2), FIRST)
+    # In the middle of pixels, as the lines are one wide
+    corner = place + 0.5 + 0.5j
+    above, beside = complex(corner.real, 14.5), complex(22.5, corner.imag)
+    dimension(canvas, "La", (above, above + FILM_SHIFT.real), complex(covered.real + 6, 6))
+    dimension(canvas, "Lb", (beside, beside + FILM_SHIFT.imag * 1j), complex(6, covered.imag + 9))
     return canvas.picture()
 
 
