@@ -2,9 +2,11 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
+#include "core/page_table.h"
 #include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
+#include "tools/computer/sample_printer.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
 #include "ui/pages/import_export/settings_parts_dialog.h"
@@ -88,6 +90,23 @@ void SheetTest::OpenAdvanceTool(const std::function<void(HWND)>& look) {
     RunAdvanceTool(nullptr, context);
 }
 
+void SheetTest::OpenLamination(const std::function<void(HWND)>& look) {
+    const computer::SamplePrinter printer("laminator = 1\nfilm 0 = 180 2000 0 100 0 100\n");
+    const PageRow& row = PageTable[kLaminationSlot];
+    DriverContext context = {};
+    context.IsDuplexModel = 1;
+    PROPSHEETPAGEW record = {};
+    record.lParam = reinterpret_cast<LPARAM>(&context);
+    HWND parent = CreateWindowExW(0, TEXT("Static"), TEXT(""), WS_POPUP, 0, 0, 500, 400, nullptr,
+                                  nullptr, nullptr, nullptr);
+    HWND page = CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(row.Dialog), parent,
+                                   row.Procedure, reinterpret_cast<LPARAM>(&record));
+    NMHDR activated = {page, 0, static_cast<UINT>(PSN_SETACTIVE)};
+    SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activated));
+    look(page);
+    DestroyWindow(parent);
+}
+
 void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
     const std::pair<const WCHAR*, BYTE> kinds[] = {{TEXT("Mirv KP-41"), kRibbonYMCKO},
                                                    {TEXT("Mirv KP-43"), kRibbonK}};
@@ -103,6 +122,7 @@ void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
         OpenPartsDialog(parts, look);
     }
     OpenAdvanceTool(look);
+    OpenLamination(look);
 }
 
 HWND SheetTest::Sheet() {

@@ -35,6 +35,9 @@ class SheetTest : public DriverTest {
     /// The same of the Advance Tool dialog with everything that a model shows in it.
     void OpenAdvanceTool(const std::function<void(HWND)>& look);
 
+    /// The same of the Lamination page, which no sheet has, with a laminator.
+    void OpenLamination(const std::function<void(HWND)>& look);
+
     // For the steps.
     static HWND Sheet();              ///< the sheet on the screen; null when there is none
     static HWND ShowPage(int index);  ///< shows a tab's page and gives its dialog

@@ -108,6 +108,14 @@ class LanguagesTest : public SheetTest {
         RegCloseKey(key);
     }
 
+    /// What a field holds is looked up as well, and what a page has put together: of a printer's
+    /// name, of a number and its unit, of several lines, of a failure's number.
+    static bool IsMadeUp(const WideString& key) {
+        return key.find_first_not_of(TEXT("-.0123456789")) == key.npos ||
+               key.find('\n') != key.npos || key.starts_with(TEXT("0 ")) ||
+               key.ends_with(TEXT(" Driver")) || key.ends_with(TEXT("12290 "));
+    }
+
     /// All that the driver can look up, without empty texts.
     std::set<Key> EveryKey() {
         SetUiLanguage(0x0409);
@@ -123,13 +131,7 @@ class LanguagesTest : public SheetTest {
         });
         std::set<Key> keys = FieldMessages();
         for (const host::ProfileLookup& lookup : host::ProfileLookups()) {
-            // What a field holds is looked up as well, and what a page has put together.
-            const bool isNumber =
-                lookup.key.find_first_not_of(TEXT("-.0123456789")) == lookup.key.npos;
-            const bool isSeveralLines = lookup.key.find('\n') != lookup.key.npos;
-            const bool isModel = lookup.key.ends_with(TEXT(" Driver"));
-            const bool isFailure = lookup.key.ends_with(TEXT("12290 "));
-            if (!lookup.section.empty() && !isNumber && !isSeveralLines && !isModel && !isFailure) {
+            if (!lookup.section.empty() && !IsMadeUp(lookup.key)) {
                 keys.insert({Utf8(lookup.section), Utf8(lookup.key)});
             }
         }
