@@ -235,7 +235,8 @@ TEST_F(LaminationPageTest, PaintsThePositionsInTheirFrame) {
         DrawBitmap(pictures, canvas.get(), 0, 0, IDB_LAMINATION_POSITION, &whole);
         int different = 0;
         int colored = 0;
-        for (int y = 0; y < height; ++y) {
+        // A page by itself has a title, which moves the picture's end over what is below it.
+        for (int y = 0; y < height * 3 / 4; ++y) {
             for (int x = 0; x < width; ++x) {
                 const COLORREF pixel = GetPixel(screen, frame.left + x, frame.top + y);
                 different += pixel != GetPixel(canvas.get(), x, y);

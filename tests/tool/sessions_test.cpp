@@ -64,6 +64,9 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
                                               InTestFolder(entry.path()),
                                               "--out",
                                               out.string()};
+        if (name.starts_with("lamination")) {
+            arguments.push_back("--with-lamination");
+        }
         const std::filesystem::path input = folder / (name + ".in.dm");
         if (std::filesystem::exists(input)) {
             arguments.insert(arguments.end(), {"--in", input.string()});

@@ -39,11 +39,16 @@ void RemovePrinter(const WideString& name);
 /// text or the reason why not.
 std::string SetUiLanguage(LANGID language);
 
-/// The driver's entry point as an application finds it when it loads the driver now: natively in
+/// The driver's entry points as an application finds them when it loads the driver now: natively in
 /// this program, in the Windows build in kpdui.dll beside it, which has the language of the real
-/// user. Gives an empty text or the reason why not.
-using DocumentPropertiesFunction = decltype(&DrvDocumentProperties);
-std::string LoadDriver(DocumentPropertiesFunction* documentProperties);
+/// user.
+struct Driver {
+    decltype(&DrvDocumentProperties) DocumentProperties;
+    decltype(&DrvDocumentPropertySheets) DocumentPropertySheets;
+};
+/// Also makes the driver code linked into this program as usable as the loaded one. Gives an empty
+/// text or the reason why not.
+std::string LoadDriver(Driver& driver);
 
 /// Why nobody can use a sheet shown on this computer; empty when a user can.
 std::string WhyNoUser();

@@ -24,9 +24,9 @@ std::string SetUiLanguage(LANGID language) {
     return {};
 }
 
-std::string LoadDriver(DocumentPropertiesFunction* documentProperties) {
+std::string LoadDriver(Driver& driver) {
     DllInitialize(GetModuleHandleW(nullptr), DLL_PROCESS_ATTACH, nullptr);
-    *documentProperties = DrvDocumentProperties;
+    driver = {DrvDocumentProperties, DrvDocumentPropertySheets};
     return {};
 }
 

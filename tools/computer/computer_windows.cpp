@@ -5,7 +5,10 @@
 #include <winspool.h>
 
 #include "computer.h"
+#include "core/module.h"
 #include "ui/common/language.h"
+
+#include <type_traits>
 
 namespace computer {
 namespace {
@@ -106,18 +109,25 @@ std::string SetUiLanguage(LANGID language) {
     return {};
 }
 
-std::string LoadDriver(DocumentPropertiesFunction* documentProperties) {
+std::string LoadDriver(Driver& driver) {
     if (!IsSameLanguage(ChosenUiLanguage(), RealUiLanguage())) {
         return "kpdui.dll takes the user's own language; run this as a user of the other";
     }
+    ModuleHandle = GetModuleHandleW(nullptr);
     InitLanguageFile();
     HMODULE library = LoadLibraryW(BesideProgram(TEXT("kpdui.dll")).c_str());
     if (library == nullptr) {
         return Reason("loading kpdui.dll");
     }
-    *documentProperties = reinterpret_cast<DocumentPropertiesFunction>(
-        reinterpret_cast<void*>(GetProcAddress(library, "DrvDocumentProperties")));
-    return *documentProperties == nullptr ? Reason("finding DrvDocumentProperties") : "";
+    const auto find = [=](auto& function, const char* name) {
+        function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
+            reinterpret_cast<void*>(GetProcAddress(library, name)));
+        return function != nullptr;
+    };
+    return find(driver.DocumentProperties, "DrvDocumentProperties") &&
+                   find(driver.DocumentPropertySheets, "DrvDocumentPropertySheets")
+               ? ""
+               : Reason("finding the sheet in kpdui.dll");
 }
 
 std::string WhyNoUser() {

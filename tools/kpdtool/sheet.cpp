@@ -7,6 +7,7 @@
 #include "tool_error.h"
 #include "tools/kpdtool/records/differences.h"
 #include "tools/kpdtool/records/record_report.h"
+#include "tools/kpdtool/sheet/lamination_sheet.h"
 #include "tools/kpdtool/sheet/sheet_run.h"
 #include "wide_text.h"
 
@@ -28,6 +29,7 @@ struct Options {
     bool remote = false;
     std::string language;  ///< empty: the user's as it is
     std::string package;
+    bool withLamination = false;
     std::string device;
     std::string in;
     std::string out;
@@ -71,7 +73,7 @@ std::vector<SheetPage> DriverPages() {
 class Application {
   public:
     explicit Application(const Options& options) : options_(options), printer_(Spec(options)) {
-        Require(computer::LoadDriver(&documentProperties_));
+        Require(computer::LoadDriver(driver_));
     }
 
     // The record that the application has.
@@ -80,17 +82,21 @@ class Application {
             return WorkingBuffer(ReadRecordFile(options_.in));
         }
         std::vector<BYTE> record(kLargestRecord);
-        if (documentProperties_(nullptr, printer_.get(), printer_.Name(), RecordIn(record), nullptr,
-                                DM_OUT_BUFFER) != kAccepted) {
+        if (driver_.DocumentProperties(nullptr, printer_.get(), printer_.Name(), RecordIn(record),
+                                       nullptr, DM_OUT_BUFFER) != kAccepted) {
             throw ToolError(options_.printer.name + ": the driver gives no record");
         }
         return record;
     }
     // False when it was cancelled.
     bool ShowSheet(std::vector<BYTE>& input, std::vector<BYTE>& output) {
+        constexpr DWORD kMode = DM_IN_BUFFER | DM_OUT_BUFFER | DM_IN_PROMPT;
         const LONG result =
-            documentProperties_(nullptr, printer_.get(), printer_.Name(), RecordIn(output),
-                                RecordIn(input), DM_IN_BUFFER | DM_OUT_BUFFER | DM_IN_PROMPT);
+            options_.withLamination
+                ? ShowSheetWithLamination(driver_, printer_.get(), printer_.Name(),
+                                          RecordIn(output), RecordIn(input), kMode)
+                : driver_.DocumentProperties(nullptr, printer_.get(), printer_.Name(),
+                                             RecordIn(output), RecordIn(input), kMode);
         if (result < 0) {
             throw ToolError("the driver cannot show the sheet (" + std::to_string(result) + ")");
         }
@@ -107,7 +113,7 @@ class Application {
 
     const Options& options_;
     TemporaryPrinter printer_;
-    computer::DocumentPropertiesFunction documentProperties_ = nullptr;
+    computer::Driver driver_ = {};
 };
 
 // With neither a script nor pictures to take the user has the sheet.
@@ -224,6 +230,8 @@ Run DeclareSheet(CLI::App& command) {
     AddOptionalModelAndPrinter(command, options->printer, "Name of the printer's driver");
     command.add_option("--port", options->port, "The printer's port (default: a local one)");
     command.add_flag("--remote", options->remote, "It is a printer of another computer");
+    command.add_flag("--with-lamination", options->withLamination,
+                     "Add the Lamination page, which the driver's own sheet never has");
     command.add_option("--language", options->language,
                        "The user's UI language (default: as it is): " + LanguageTags());
     command.add_option("--package", options->package,
