@@ -391,7 +391,7 @@ def page_order(is_portrait, sides):
 FILM_SHIFT = 34 + 20j
 
 
-def dimension(canvas, name, ends, name_place):
+def film_shift(canvas, name, ends, name_place):
     """An arrow with two heads, and lines at right angles to it where it measures from and to."""
     first, last = ends
     along = (last - first) / abs(last - first)
@@ -422,8 +422,8 @@ def lamination_position():
     # In the middle of pixels, as the lines are one wide
     corner = place + 0.5 + 0.5j
     above, beside = complex(corner.real, 14.5), complex(22.5, corner.imag)
-    dimension(canvas, "La", (above, above + FILM_SHIFT.real), complex(covered.real + 6, 6))
-    dimension(canvas, "Lb", (beside, beside + FILM_SHIFT.imag * 1j), complex(6, covered.imag + 9))
+    film_shift(canvas, "La", (above, above + FILM_SHIFT.real), complex(covered.real + 6, 6))
+    film_shift(canvas, "Lb", (beside, beside + FILM_SHIFT.imag * 1j), complex(6, covered.imag + 9))
     return canvas.picture()
 
 

@@ -2,6 +2,7 @@
 // film, which are read and written at once.
 #include "ui/pages/lamination/lamination_page.h"
 
+#include "core/message.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
 #include "ui/common/language.h"
@@ -181,7 +182,7 @@ template <typename Rows, typename Shown>
 void SaveParameters(const DriverContext& context, const Rows& rows, Shown shown) {
     LaminationRecord record;
     if (ReadFilm(context, record) != kLaminatorFound) {
-        MessageBoxW(nullptr, TEXT("Can't find Lamination."), TEXT("Error"), MB_ICONERROR | MB_OK);
+        ShowMessage(TEXT("Can't find Lamination."), TEXT("Error"));
         return;
     }
     for (const auto& row : rows) {
