@@ -523,8 +523,7 @@ TEST_F(PrintPositionTest, AnotherThicknessCountsFromTheNextAnswerOn) {
     EXPECT_EQ(Adjuster(), "-4 -5 -6 | -4 -5 -6 | ~Save Default Print");
 }
 
-// ---- Whatever is done
-// -----------------------------------------------------------------------------
+// ---- Whatever is done --------------------------------------------------------------------------
 
 // Table, record, fields and arrows agree, and nothing out of range is kept.
 TEST_F(PrintPositionTest, EverythingAgreesWhateverIsDone) {

@@ -156,8 +156,7 @@ TEST_F(ToolsPageTest, TheReportIsWrittenForThePrinter) {
     EXPECT_EQ(notes_->Sent + notes_->RibbonQueries, 0);
 }
 
-// ---- Without the library, or with one that lacks everything
-// ---------------------------------------
+// ---- Without the library, or with one that lacks everything ------------------------------------
 
 TEST_F(ToolsPageTest, WhatIsSaidWithoutTheLibrary) {
     const std::string kMissing = "Can't load library|Error; ";

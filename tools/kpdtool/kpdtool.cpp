@@ -34,7 +34,8 @@ constexpr CommandRow kCommands[] = {
     {"convert", "Run DrvConvertDevMode and print what it gives",
      "kpdtool convert --mode 1 --in old.dm --out new.dm", DeclareConvert},
     {"sheet", "Open the document sheet, do a script's steps, tell what changed",
-     "kpdtool sheet --script tools/samples/tour.sheet --pictures out/pages", DeclareSheet},
+     "kpdtool sheet --script tools/samples/tour.sheet --device tools/samples/printer.txt "
+     "--pictures out/pages", DeclareSheet},
     {"settings", "Decode, write, apply and compare settings files",
      "kpdtool settings show Export.mcs", DeclareSettings},
     {"device", "Ask a printer everything that the pages ask it",

@@ -77,8 +77,7 @@ void StepCopies(HWND dialog, DriverContext& context, HWND bar, WORD request) {
     }
 }
 
-// ---- What follows a change, beyond what the record makes of the controls
-// -------------------------
+// ---- What follows a change, beyond what the record makes of the controls -----------------------
 
 void OnRibbonChanged(HWND dialog, const DriverContext& context) {
     FillResinLists(dialog, context, kBlackByResin);

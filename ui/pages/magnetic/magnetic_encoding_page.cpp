@@ -117,8 +117,7 @@ void PressBound(HWND dialog, DevModeRecord& record, const BoundButton& button) {
     EnableControls(dialog);
 }
 
-// ---- Numbers
-// --------------------------------------------------------------------------------------
+// ---- Numbers -----------------------------------------------------------------------------------
 
 constexpr NumericField MagneticNumber(int control, int arrows, int minimum, int maximum) {
     return {
@@ -184,8 +183,7 @@ void StepNumber(HWND dialog, DriverContext& context, HWND bar, WORD request) {
     }
 }
 
-// ---- Texts
-// ----------------------------------------------------------------------------------------
+// ---- Texts -------------------------------------------------------------------------------------
 
 constexpr TextField kTextFields[] = {
     {IDC_TRACK_1, ' ', 'z', TEXT("%?`")}, {IDC_TRACK_2, '0', '>', TEXT(";")},
