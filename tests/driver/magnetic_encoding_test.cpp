@@ -669,7 +669,7 @@ class RandomMagneticTest : public MagneticPageTest {
 };
 
 TEST_F(RandomMagneticTest, OpenedAgainThePageShowsTheSame) {
-    for (unsigned seed = 0; seed < 60; ++seed) {
+    for (unsigned seed = 0; seed < 25; ++seed) {
         SCOPED_TRACE(seed);
         random_.seed(seed);
         for (BYTE* field :
