@@ -93,6 +93,9 @@ TEST_F(LaminationPageTest, TextsAreTheUsers) {
     WriteWideText(LanguageFilePath,
                   TEXT("[Lamination]\r\nsec./inch=s/Zoll\r\ncel.=Grad\r\nNo Lamination=Keine\r\n"
                        "Mirv Standard Patch=Flicken\r\nError=Oh\r\nSave=Sichern\r\n"
+                       "Enter from -15 - 15 .=Bis 15.\r\n"
+                       "[Setting]\r\nError=Nein\r\n"
+                       "Press up and down button to adjust value ( -15 - 15 ).=Nur bis 15.\r\n"
                        "[Color]\r\ncel.=no\r\nMirv Standard Overlay=no\r\n"));
     Connect(kLaminator);
     Record().LaminationOption = 1;
@@ -113,6 +116,10 @@ TEST_F(LaminationPageTest, TextsAreTheUsers) {
     SetSection(kColorSection);
     Click(IDC_TRANSFER_DEFAULT);
     EXPECT_EQ(Transfer(), "2400 2.40 s/Zoll, 180 180 Grad");
+    Enter(IDC_LAMINATION_A, "16");
+    Enter(IDC_LAMINATION_B, "15");
+    Press(Item(IDC_LAMINATION_B), VK_UP);
+    EXPECT_EQ(TakeMessages(), "Nein: Nur bis 15.\nOh: Bis 15.\n");
     // Fixed English texts.
     Disconnect();
     Click(IDC_TRANSFER_SAVE);
@@ -493,11 +500,11 @@ class RandomLaminationTest : public LaminationPageTest {
     Film RandomFilm() {
         const int la = Below(256) - 128;
         const int lb = Below(65536);
-        const auto near = [&](int number) { return number + Below(41) - 20; };
+        const auto around = [&](int number) { return number + Below(41) - 20; };
         return {Below(90) + 110,
                 Below(6000),
-                static_cast<std::int8_t>(near(la)),
-                static_cast<WORD>(near(lb)),
+                static_cast<std::int8_t>(around(la)),
+                static_cast<WORD>(around(lb)),
                 la,
                 lb};
     }
