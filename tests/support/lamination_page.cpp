@@ -3,6 +3,7 @@
 
 #include "message_boxes.h"
 #include "resources/resource.h"
+#include "ui/common/language.h"
 #include "ui/pages/lamination/lamination_page.h"
 
 #include <commctrl.h>
@@ -15,12 +16,14 @@ void LaminationPageTest::SetUp() {
     context_.PrinterName = name_.data();
     context_.IsDuplexModel = 1;
     messagesTaken_ = 0;
+    WriteWideText(LanguageFilePath, TEXT(""));  // whatever the user's language is
     StartMessageBoxes();
 }
 
 void LaminationPageTest::TearDown() {
     StopMessageBoxes();
     printer_.reset();
+    std::filesystem::remove(DiskPath(LanguageFilePath));
     LonePageTest::TearDown();
 }
 

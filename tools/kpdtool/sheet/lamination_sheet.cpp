@@ -45,6 +45,7 @@ LONG CALLBACK SheetFunction(PPROPSHEETUI_INFO info, LPARAM parameter) {
     if (info->Reason == PROPSHEETUI_REASON_INIT && answer > 0) {
         auto& context = *reinterpret_cast<DriverContext*>(info->UserData);
         context.PageHandles[kLaminationSlot] = AddLamination(context);
+        return context.PageHandles[kLaminationSlot] != nullptr ? answer : kFailed;
     }
     return answer;
 }
