@@ -316,7 +316,7 @@ TEST_F(MagneticPageTest, ClicksChangeTheRecordAndTheSheetIsNotTold) {
     }
 }
 
-// ---- Numbers -----------------------------------------------------------------------------------
+// ---- Numbers ------------------------------------------------------------------------------------
 
 TEST_F(MagneticPageTest, NumbersAreTaken) {
     const struct {
@@ -445,7 +445,7 @@ TEST_F(MagneticPageTest, KeysStepTheText) {
     }
 }
 
-// ---- Texts -------------------------------------------------------------------------------------
+// ---- Texts --------------------------------------------------------------------------------------
 
 std::string Between(int first, int last, const std::string& without = "") {
     std::string text;

@@ -117,7 +117,7 @@ void PressBound(HWND dialog, DevModeRecord& record, const BoundButton& button) {
     EnableControls(dialog);
 }
 
-// ---- Numbers -----------------------------------------------------------------------------------
+// ---- Numbers ------------------------------------------------------------------------------------
 
 constexpr NumericField MagneticNumber(int control, int arrows, int minimum, int maximum) {
     return {
@@ -161,8 +161,8 @@ void ShowNumber(HWND dialog, const DevModeRecord& record, const NumberRow& row) 
     SetScrollPos(arrows, SB_CTL, static_cast<int>(value), TRUE);
 }
 
-// What stands in the field at the end counts: while the user reads why a text was refused, the page
-// can be used, and another number may come.
+// What stands in the field at the end counts: a field that loses the focus to the message and gets
+// it back may have another number by then.
 void EnterNumber(HWND dialog, DevModeRecord& record, const NumberRow& row) {
     ValidateIntField(dialog, row.Field, static_cast<int>(ReadField(record, row.Value)));
     WCHAR text[kNumberLength] = {};
@@ -183,7 +183,7 @@ void StepNumber(HWND dialog, DriverContext& context, HWND bar, WORD request) {
     }
 }
 
-// ---- Texts -------------------------------------------------------------------------------------
+// ---- Texts --------------------------------------------------------------------------------------
 
 constexpr TextField kTextFields[] = {
     {IDC_TRACK_1, ' ', 'z', TEXT("%?`")}, {IDC_TRACK_2, '0', '>', TEXT(";")},
