@@ -46,8 +46,9 @@ struct HeatRow {
     int Label = 0;  ///< of the panel, where a tab has several
 };
 
+// A tick stands at 0.
 constexpr ValueSlider Bar(int slider, int text) {
-    return {slider, text, -127, 127, 10};
+    return {slider, text, -127, 127, 10, 127};
 }
 
 // clang-format off
@@ -152,12 +153,9 @@ void ShowTab(HWND dialog) {
 
 // ---- The page -----------------------------------------------------------------------------------
 
-// The sliders' tick stands at 0.
 void Open(HWND dialog, DriverContext& context) {
     AddTabs(dialog);
     for (const HeatRow& row : kRows) {
-        SendDlgItemMessageW(dialog, row.Bar.Slider, TBM_SETTICFREQ,
-                            static_cast<WPARAM>(row.Bar.Maximum), 0);
         PrepareSliders(dialog, {&row.Bar, 1});
     }
     Load(dialog, context.WorkingDevMode);
