@@ -35,33 +35,7 @@ constexpr CommandRow kCommands[] = {
      "kpdtool convert --mode 1 --in old.dm --out new.dm", DeclareConvert},
     {"sheet", "Open the document sheet, do a script's steps, tell what changed",
      "kpdtool sheet --in tools/samples/application.dm --script tools/samples/tour.sheet "
-     "--device tools/samples/printer.txt --pictures out/pages", DeclareSheet,
-    DeclareSettings, DeclareDevice, DeclareLayout;
-
-namespace {
-
-struct CommandRow {
-    const char* Name;
-    const char* Description;
-    const char* Example;
-    Declare* DeclareArguments;
-};
-
-// clang-format off
-constexpr CommandRow kCommands[] = {
-    {"caps", "Print every answer of DrvDeviceCapabilities",
-     "kpdtool caps \"Mirv KP-410e\"", DeclareCaps},
-    {"record", "Build the driver context of a model and print its record",
-     "kpdtool record \"Mirv KP-430e\" --language zh-CN --out card.dm", DeclareRecord},
-    {"show", "Decode a stored record of any layout; tell what a merge makes of it",
-     "kpdtool show card.dm", DeclareShow},
-    {"diff", "Name the fields in which two records differ",
-     "kpdtool diff before.dm after.dm", DeclareDiff},
-    {"convert", "Run DrvConvertDevMode and print what it gives",
-     "kpdtool convert --mode 1 --in old.dm --out new.dm", DeclareConvert},
-    {"sheet", "Open the document sheet, do a script's steps, tell what changed",
-     "kpdtool sheet --script tools/samples/tour.sheet --device tools/samples/printer.txt "
-     "--pictures out/pages", DeclareSheet},
+     "--device tools/samples/printer.txt --pictures out/pages", DeclareSheet},
     {"settings", "Decode, write, apply and compare settings files",
      "kpdtool settings show Export.mcs", DeclareSettings},
     {"device", "Ask a printer everything that the pages ask it",
