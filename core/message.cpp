@@ -2,5 +2,5 @@
 #include "core/message.h"
 
 void ShowMessage(const WCHAR* text, const WCHAR* title, UINT icon) {
-    MessageBoxW(nullptr, text, title, icon | MB_OK | MB_TASKMODAL);
+    MessageBoxW(nullptr, text, title, icon | MB_OK);
 }

@@ -349,12 +349,12 @@ TEST_F(NoMotorsTest, ALibraryThatCannotBeLoadedIsReported) {
 TEST_F(AdvanceToolTest, EnterIsExitAndEscapeIsNot) {
     for (const auto& [key, after] : {std::pair{VK_RETURN, WORD{0x0100}}, {VK_ESCAPE, WORD{0}}}) {
         Record().PrinterOptionFlags = 0;
-        Run([&] {
+        Run([&, pressed = static_cast<WPARAM>(key)] {
             HWND box = GetDlgItem(page_, IDC_NO_CLEANING_MODE);
             SetFocus(box);
             Press(box, VK_SPACE);
             EXPECT_EQ(Looks(IDC_NO_CLEANING_MODE), "x");
-            Key(static_cast<WPARAM>(key));
+            Key(pressed);
         });
         EXPECT_EQ(Record().PrinterOptionFlags, after);
     }

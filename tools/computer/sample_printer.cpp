@@ -20,18 +20,25 @@ fs::path StateFile() {
     return DriverFolder() / "SamplePrinter.txt";
 }
 
-// A library in use cannot be taken away; a query's process ends in a moment.
-bool Remove(const fs::path& path) {
+// A query's process has the library and the printer's file for a moment. False when it takes longer.
+template <typename Attempt>
+bool TryUntilFree(Attempt attempt) {
     constexpr int kTries = 200;
-    std::error_code error;
     for (int i = 0; i < kTries; ++i) {
-        fs::remove(path, error);
-        if (!error) {
+        if (attempt()) {
             return true;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     return false;
+}
+
+bool Remove(const fs::path& path) {
+    return TryUntilFree([&] {
+        std::error_code error;
+        fs::remove(path, error);
+        return !error;
+    });
 }
 
 }  // namespace
@@ -61,7 +68,11 @@ SamplePrinter::~SamplePrinter() {
 }
 
 std::string SamplePrinter::State() const {
-    std::ifstream file(StateFile(), std::ios::binary);
+    std::ifstream file;
+    TryUntilFree([&] {
+        file.open(StateFile(), std::ios::binary);
+        return file.is_open();
+    });
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

@@ -20,7 +20,7 @@ void ShowRibbonStatus(const DriverContext& context) {
                      RibbonName(RibbonOfPrinter(status.Code)), remaining,
                      static_cast<int>(status.Remaining));
     const auto& name = context.WorkingDevMode.Public.dmDeviceName;
-    WCHAR title[std::size(name) + 1] = {};  // a name may fill its place
+    WCHAR title[CCHDEVICENAME + 1] = {};  // a name may fill its place
     std::copy(std::begin(name), std::end(name), title);
     ShowMessage(text, title, 0);
 }
