@@ -107,11 +107,15 @@ constexpr int kMotorControls[] = {
 constexpr ValueSlider kMotors[] = {{IDC_MOTOR_1, IDC_MOTOR_1_VALUE, -5, 5, 2},
                                    {IDC_MOTOR_2, IDC_MOTOR_2_VALUE, -5, 5, 2}};
 
-void ShowMotors(HWND dialog, const DriverContext& context) {
-    PrepareSliders(dialog, kMotors);
-    const MotorSpeeds speeds = ReadMotorSpeeds(context.PrinterName);
+void ShowSpeeds(HWND dialog, MotorSpeeds speeds) {
     ShowSliderValue(dialog, kMotors[0], speeds.First);
     ShowSliderValue(dialog, kMotors[1], speeds.Second);
+}
+
+void ShowMotors(HWND dialog, const DriverContext& context) {
+    PrepareSliders(dialog, kMotors);
+    ShowSpeeds(dialog, {});  // while a message may tell that they cannot be read
+    ShowSpeeds(dialog, ReadMotorSpeeds(context.PrinterName));
 }
 
 void SetMotors(HWND dialog, const DriverContext& context) {
