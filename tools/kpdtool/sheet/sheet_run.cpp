@@ -74,22 +74,25 @@ void SheetRun::StartKeys(HWND control, WPARAM key, long long count) {
     keyboard_ = control;
     key_ = key;
     keysLeft_ = count;
+    PressKey(control);
+}
+
+// Posted, so that the dialog sees it first as it does a user's.
+void SheetRun::PressKey(HWND target) {
+    --keysLeft_;
+    PostMessageW(target, WM_KEYDOWN, key_, 1);
+    PostMessageW(target, WM_KEYUP, key_, static_cast<LPARAM>(0xC0000001));
     PostMessageW(window_, kPressKey, 0, 0);
 }
 
-// Each is posted, so that the dialog sees it first as it does a user's, and goes where the one
-// before it has left the focus.
+// The key before it is done with. The next goes where that has left the focus.
 void SheetRun::PressNextKey() {
     if (keysLeft_ == 0) {
         keyboard_ = nullptr;
         return;
     }
-    --keysLeft_;
     HWND focus = GetFocus();
-    HWND target = focus != nullptr ? focus : keyboard_;
-    PostMessageW(target, WM_KEYDOWN, key_, 1);
-    PostMessageW(target, WM_KEYUP, key_, static_cast<LPARAM>(0xC0000001));
-    PostMessageW(window_, kPressKey, 0, 0);
+    PressKey(focus != nullptr ? focus : keyboard_);
 }
 
 LRESULT CALLBACK SheetRun::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -54,6 +54,7 @@ class SheetRun {
     bool IsReady();
     bool MustAwait();
     void StartKeys(HWND control, WPARAM key, long long count);
+    void PressKey(HWND target);
     void PressNextKey();
     void RunNext();
     void DoNext();
