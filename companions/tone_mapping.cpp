@@ -2,8 +2,7 @@
 #include "companions/tone_mapping.h"
 
 #include "core/driver_files.h"
-
-#include <strsafe.h>
+#include "core/printer_key.h"
 
 #include <array>
 #include <cstddef>
@@ -52,14 +51,11 @@ void LoadOperations() {
 // As many bytes as are stored, the rest zero. Of a value that is longer none are taken.
 void ReadHslParameters(const WCHAR* printer) {
     toneMapping.HslParameters = {};
-    WCHAR path[MAX_PATH];
-    StringCchPrintfW(path, MAX_PATH, TEXT("Printers\\%s"), printer);
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, path, 0, KEY_QUERY_VALUE, &key) == ERROR_SUCCESS) {
+    PrinterKey key(printer);
+    if (key.Open(KEY_QUERY_VALUE)) {
         DWORD size = static_cast<DWORD>(toneMapping.HslParameters.size());
-        RegQueryValueExW(key, TEXT("HSLPara"), nullptr, nullptr, toneMapping.HslParameters.data(),
-                         &size);
-        RegCloseKey(key);
+        RegQueryValueExW(key.get(), TEXT("HSLPara"), nullptr, nullptr,
+                         toneMapping.HslParameters.data(), &size);
     }
 }
 

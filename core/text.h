@@ -21,3 +21,8 @@ inline bool TextContains(const WCHAR* text, const WCHAR* part) {
 inline bool TextStartsWith(const WCHAR* text, const WCHAR* start) {
     return WideView(text).starts_with(start);
 }
+
+/// Equal letter by letter, in whatever case; no language's own rules.
+inline bool TextEqualsInAnyCase(const WCHAR* a, const WCHAR* b) {
+    return CompareStringOrdinal(a, -1, b, -1, TRUE) == CSTR_EQUAL;
+}

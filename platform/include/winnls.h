@@ -35,10 +35,16 @@ using LCTYPE = DWORD;
 
 #define CP_ACP 0
 
+#define CSTR_LESS_THAN 1
+#define CSTR_EQUAL 2
+#define CSTR_GREATER_THAN 3
+
 extern "C" {
 LANGID WINAPI GetUserDefaultUILanguage(void);
 int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR data, int length);
 UINT WINAPI GetACP(void);
+/// Here of texts with a terminator only (lengths of -1), case ignored.
+int WINAPI CompareStringOrdinal(LPCWSTR a, int aLength, LPCWSTR b, int bLength, BOOL ignoreCase);
 int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textLength, LPWSTR out,
                                int outLength);
 int WINAPI WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR text, int textLength, LPSTR out,

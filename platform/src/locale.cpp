@@ -136,6 +136,17 @@ int WINAPI GetLocaleInfoW(LCID locale, LCTYPE type, LPWSTR data, int length) {
     return needed;
 }
 
+int WINAPI CompareStringOrdinal(LPCWSTR a, int aLength, LPCWSTR b, int bLength, BOOL ignoreCase) {
+    if (aLength != -1 || bLength != -1 || !ignoreCase) {
+        host::Unsupported("CompareStringOrdinal of texts with a length, or with their case");
+    }
+    if (a == nullptr || b == nullptr) {
+        return host::Fail(ERROR_INVALID_PARAMETER);
+    }
+    const int order = host::FoldCase(a).compare(host::FoldCase(b));
+    return order < 0 ? CSTR_LESS_THAN : order > 0 ? CSTR_GREATER_THAN : CSTR_EQUAL;
+}
+
 int WINAPI MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int textLength, LPWSTR out,
                                int outLength) {
     return ConvertFor(codePage, flags, text, textLength, out, outLength, host::Decode, nullptr);

@@ -1,7 +1,7 @@
 // The Magnetic Encoding page: which controls can be used when, what each does to the record, the
 // registry and the sheet, and texts that come back as they were typed.
 #include "lone_page.h"
-#include "magnetic_key.h"
+#include "printer_user_key.h"
 #include "message_boxes.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
@@ -45,7 +45,7 @@ class MagneticPageTest : public LonePageTest {
   protected:
     void SetUp() override {
         LonePageTest::SetUp();
-        key_ = std::make_unique<MagneticKey>(kPrinter);
+        key_ = std::make_unique<PrinterUserKey>(kPrinter);
         kPrinter.copy(Paper().dmDeviceName, CCHDEVICENAME);
         Record().CardType = kMagneticStripeCard;
         context_.ComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
@@ -138,7 +138,7 @@ class MagneticPageTest : public LonePageTest {
     }
     size_t Messages() const { return ShownMessages().size(); }
 
-    std::unique_ptr<MagneticKey> key_;
+    std::unique_ptr<PrinterUserKey> key_;
 };
 
 // ---- Opening ----------------------------------------------------------------------------------
@@ -581,7 +581,7 @@ TEST_F(MagneticPageTest, TextsAreStoredOnApplyOnly) {
 
 TEST_F(MagneticPageTest, ApplyReportsBeforeItStores) {
     static std::string reports;
-    static const MagneticKey* key;
+    static const PrinterUserKey* key;
     reports.clear();
     key = key_.get();
     context_.ComPropSheet = [](HANDLE, UINT function, LPARAM page, LPARAM result) -> LONG_PTR {
@@ -600,7 +600,7 @@ TEST_F(MagneticPageTest, ApplyReportsBeforeItStores) {
 // Two printers' sheets in one process.
 TEST_F(MagneticPageTest, PagesDoNotMeet) {
     const WideString otherPrinter = TEXT("Kpd magnet 2");
-    const MagneticKey otherKey(otherPrinter);
+    const PrinterUserKey otherKey(otherPrinter);
     key_->StoreText(kPathValue, TEXT("a"));
     otherKey.StoreText(kPathValue, TEXT("b"));
     Open();

@@ -2,7 +2,7 @@
 // may lie there.
 #include "ui/pages/magnetic/magnetic_store.h"
 
-#include "magnetic_key.h"
+#include "printer_user_key.h"
 
 #include <memory>
 #include <random>
@@ -20,7 +20,7 @@ class MagneticStoreTest : public PlatformTest {
   protected:
     void SetUp() override {
         PlatformTest::SetUp();
-        key_ = std::make_unique<MagneticKey>(kPrinter);
+        key_ = std::make_unique<PrinterUserKey>(kPrinter);
     }
     void TearDown() override {
         key_.reset();
@@ -45,7 +45,7 @@ class MagneticStoreTest : public PlatformTest {
         return values;
     }
 
-    std::unique_ptr<MagneticKey> key_;
+    std::unique_ptr<PrinterUserKey> key_;
 };
 
 std::string Units(const WideString& text) {

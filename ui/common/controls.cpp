@@ -3,7 +3,9 @@
 
 #include "ui/common/language.h"
 
+#include <commctrl.h>
 #include <prsht.h>
+#include <strsafe.h>
 
 namespace {
 
@@ -56,6 +58,42 @@ void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
 
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts) {
     Fill(GetDlgItem(dialog, comboBox), texts, true);
+}
+
+bool ItemText(HWND dialog, int comboBox, int index, std::span<WCHAR> text) {
+    HWND list = GetDlgItem(dialog, comboBox);
+    const auto item = static_cast<WPARAM>(index);
+    const LRESULT length = SendMessageW(list, CB_GETLBTEXTLEN, item, 0);
+    if (length == CB_ERR || static_cast<size_t>(length) >= text.size()) {
+        return false;
+    }
+    return SendMessageW(list, CB_GETLBTEXT, item, reinterpret_cast<LPARAM>(text.data())) != CB_ERR;
+}
+
+void AddTab(HWND dialog, int tabs, const WCHAR* text) {
+    HWND control = GetDlgItem(dialog, tabs);
+    const LRESULT index = SendMessageW(control, TCM_GETITEMCOUNT, 0, 0);
+    WCHAR shown[kTextLength];
+    StringCchCopyW(shown, kTextLength, text);
+    TCITEMW item = {};
+    item.mask = TCIF_TEXT | TCIF_PARAM;
+    item.pszText = shown;
+    item.lParam = index;
+    SendMessageW(control, TCM_INSERTITEMW, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&item));
+    if (index == 0) {
+        SendMessageW(control, TCM_SETCURSEL, 0, 0);
+    }
+}
+
+void AddTranslatedTab(HWND dialog, int tabs, const WCHAR* key) {
+    WCHAR text[kTextLength];
+    LookupString(key, text);
+    AddTab(dialog, tabs, text);
+}
+
+int SelectedTab(HWND dialog, int tabs) {
+    return static_cast<int>(SendDlgItemMessageW(dialog, tabs, TCM_GETCURSEL, 0, 0));
 }
 
 void CenterOnScreen(HWND dialog) {

@@ -18,6 +18,16 @@ void FillList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 /// The same with each text looked up in the current section.
 void FillTranslatedList(HWND dialog, int comboBox, std::span<const WCHAR* const> texts);
 
+/// Writes the text of an item of a combo box; false when it is not there or too long for `text`.
+bool ItemText(HWND dialog, int comboBox, int index, std::span<WCHAR> text);
+
+/// Adds a tab behind those that are there, with its index as item data. The first is selected.
+void AddTab(HWND dialog, int tabs, const WCHAR* text);
+/// The same with the text looked up in the current section.
+void AddTranslatedTab(HWND dialog, int tabs, const WCHAR* key);
+/// The selected index of a tab control; -1 when nothing is selected.
+int SelectedTab(HWND dialog, int tabs);
+
 /// Moves a dialog to the middle of the screen.
 void CenterOnScreen(HWND dialog);
 

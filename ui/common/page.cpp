@@ -73,6 +73,7 @@ void OpenPage(const Page& page, HWND dialog, const PROPSHEETPAGEW& record) {
         SubclassTextField(GetDlgItem(dialog, field.Control), field);
     }
     Translate(page, dialog);
+    CallInSection(page, page.Complete, dialog, context);
     if (!page.Tips.empty()) {
         CreateSharedTooltip(dialog);
         AddTips(dialog, page.Tips);

@@ -22,9 +22,9 @@ struct Page {
     std::span<const Tip> Tips = {};
 
     // The hooks, each optional. While the page is being filled nothing that its controls tell is
-    // passed on to them. The page's section is the current one when Fill, Open, Activate, Apply,
-    // Applied and TakeAnswer are called; the others set it before they look texts up, since another
-    // page's may be.
+    // passed on to them. The page's section is the current one when Fill, Open, Complete, Activate,
+    // Apply, Applied and TakeAnswer are called; the others set it before they look texts up, since
+    // another page's may be.
 
     /// Brings the record into a form that the page can show, and sets the controls from it; the
     /// skeleton then translates them. Called when the page opens and by FillPage, then also
@@ -32,6 +32,8 @@ struct Page {
     void (*Fill)(HWND dialog, DriverContext& context) = nullptr;
     /// What is done once for a dialog, after it was filled and before it is translated.
     void (*Open)(HWND dialog, DriverContext& context) = nullptr;
+    /// After the dialog was translated: shows what stays as it is, such as names of others' making.
+    void (*Complete)(HWND dialog, DriverContext& context) = nullptr;
     void (*Activate)(HWND dialog, DriverContext& context) = nullptr;
     /// Before the page reports that the user accepted it.
     void (*Apply)(HWND dialog, DriverContext& context) = nullptr;

@@ -1,7 +1,7 @@
 // The Magnetic Encoding page as the stand-in sees it: what the shell and the file dialog are asked
 // for, and calls of the registry that fail.
 #include "lone_page.h"
-#include "magnetic_key.h"
+#include "printer_user_key.h"
 #include "platform/host.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
@@ -40,7 +40,7 @@ class MagneticFaults : public LonePageTest {
     std::string Path() const { return TextOf(GetDlgItem(page_, IDC_DATABASE_PATH)); }
 
     WideString printer_ = kPrinter;
-    MagneticKey key_{kPrinter};
+    PrinterUserKey key_{kPrinter};
 };
 
 TEST_F(MagneticFaults, TheShellIsAskedForTheEncoderAndTheSample) {

@@ -4,7 +4,7 @@
 
 #include "core/card_terms.h"
 #include "core/context.h"
-#include "ui/pages/device_options/card_side.h"
+#include "ui/common/card_side.h"
 
 // ---- What there is to choose from -------------------------------------------------------------
 

@@ -4,7 +4,7 @@
 
 #include "core/context.h"
 #include "ui/common/pictures.h"
-#include "ui/pages/device_options/card_side.h"
+#include "ui/common/card_side.h"
 
 /// What a side's picture shows, as the record has it.
 struct CardPicture {

@@ -10,7 +10,6 @@
 #include "ui/common/value_slider.h"
 
 #include <commctrl.h>
-#include <strsafe.h>
 
 #include <algorithm>
 #include <array>
@@ -119,31 +118,14 @@ void Apply(HWND dialog, DriverContext& context) {
 
 // ---- Tabs ---------------------------------------------------------------------------------------
 
-void AddTab(HWND tabs, Tab at, const WCHAR* text) {
-    WCHAR shown[kTextLength];
-    StringCchCopyW(shown, kTextLength, text);
-    TCITEMW item = {};
-    item.mask = TCIF_TEXT;
-    item.pszText = shown;
-    SendMessageW(tabs, TCM_INSERTITEMW, at, reinterpret_cast<LPARAM>(&item));
-}
-
-void AddTranslatedTab(HWND tabs, Tab at, const WCHAR* key) {
-    WCHAR text[kTextLength];
-    LookupString(key, text);
-    AddTab(tabs, at, text);
-}
-
 void AddTabs(HWND dialog) {
-    HWND tabs = GetDlgItem(dialog, IDC_HEATING_TAB);
-    AddTranslatedTab(tabs, kYmckoTab, TEXT("YMCKO"));
-    AddTranslatedTab(tabs, kResinKTab, TEXT("Resin K"));
-    AddTab(tabs, kFTab, TEXT("F"));  // a letter in every language
-    SendMessageW(tabs, TCM_SETCURSEL, kYmckoTab, 0);
+    AddTranslatedTab(dialog, IDC_HEATING_TAB, TEXT("YMCKO"));
+    AddTranslatedTab(dialog, IDC_HEATING_TAB, TEXT("Resin K"));
+    AddTab(dialog, IDC_HEATING_TAB, TEXT("F"));  // a letter in every language
 }
 
 void ShowTab(HWND dialog) {
-    const LRESULT tab = SendDlgItemMessageW(dialog, IDC_HEATING_TAB, TCM_GETCURSEL, 0, 0);
+    const int tab = SelectedTab(dialog, IDC_HEATING_TAB);
     for (const HeatRow& row : kRows) {
         for (const int control : {row.Label, row.Bar.Slider, row.Bar.Text}) {
             ShowControl(dialog, control, row.What.ShownOn == tab);

@@ -1,9 +1,8 @@
 // Registry values below HKEY_CURRENT_USER\Printers\<device name>, all of type REG_SZ.
 #include "ui/pages/magnetic/magnetic_store.h"
 
+#include "core/printer_key.h"
 #include "core/text.h"
-
-#include <strsafe.h>
 
 #include <algorithm>
 
@@ -20,33 +19,6 @@ constexpr StoredText kStoredTexts[kMagneticTexts] = {
     {TEXT("UsingDatabaseFileName"), 260, true}, {TEXT("MagneticTrack1"), 128, true},
     {TEXT("MagneticTrack2"), 128, true},        {TEXT("MagneticTrack3"), 128, true},
     {TEXT("FilterPrefix"), 128, false},         {TEXT("FilterSuffix"), 128, false},
-};
-
-class PrinterKey {
-  public:
-    explicit PrinterKey(const WCHAR* printer) {
-        StringCchPrintfW(path_, std::size(path_), TEXT("Printers\\%s"), printer);
-    }
-    PrinterKey(const PrinterKey&) = delete;
-    PrinterKey& operator=(const PrinterKey&) = delete;
-    ~PrinterKey() {
-        if (key_ != nullptr) {
-            RegCloseKey(key_);
-        }
-    }
-
-    bool Open(REGSAM access) {
-        return RegOpenKeyExW(HKEY_CURRENT_USER, path_, 0, access, &key_) == ERROR_SUCCESS;
-    }
-    bool Create(REGSAM access) {
-        return RegCreateKeyExW(HKEY_CURRENT_USER, path_, 0, nullptr, REG_OPTION_NON_VOLATILE,
-                               access, nullptr, &key_, nullptr) == ERROR_SUCCESS;
-    }
-    HKEY get() const { return key_; }
-
-  private:
-    WCHAR path_[MAX_PATH];
-    HKEY key_ = nullptr;
 };
 
 void Read(HKEY key, const StoredText& stored, WCHAR* text) {

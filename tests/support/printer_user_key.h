@@ -1,4 +1,4 @@
-// The user's registry key of a printer, as the Magnetic Encoding page has it.
+// The user's registry key of a printer, where pages keep what is his.
 #pragma once
 
 #include "platform_test.h"
@@ -6,14 +6,14 @@
 namespace test {
 
 /// For the length of a test; on a real computer it is gone afterwards.
-class MagneticKey {
+class PrinterUserKey {
   public:
-    explicit MagneticKey(const WideString& printer) : path_(TEXT("Printers\\") + printer) {
+    explicit PrinterUserKey(const WideString& printer) : path_(TEXT("Printers\\") + printer) {
         Remove();
     }
-    MagneticKey(const MagneticKey&) = delete;
-    MagneticKey& operator=(const MagneticKey&) = delete;
-    ~MagneticKey() { Remove(); }
+    PrinterUserKey(const PrinterUserKey&) = delete;
+    PrinterUserKey& operator=(const PrinterUserKey&) = delete;
+    ~PrinterUserKey() { Remove(); }
 
     bool IsThere() const {
         HKEY key = nullptr;
