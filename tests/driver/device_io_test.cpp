@@ -3,7 +3,7 @@
 
 #include "message_boxes.h"
 #include "platform_test.h"
-#include "tools/computer/sample_printer.h"
+#include "tools/computer/sample_library.h"
 
 #include <cstring>
 #include <vector>

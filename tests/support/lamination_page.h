@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lone_page.h"
-#include "tools/computer/sample_printer.h"
+#include "tools/computer/sample_library.h"
 
 #include <optional>
 

@@ -6,7 +6,7 @@
 #include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
-#include "tools/computer/sample_printer.h"
+#include "tools/computer/sample_library.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
 #include "ui/pages/import_export/settings_parts_dialog.h"

@@ -38,17 +38,17 @@ int NumberAt(const BYTE* row, const Place& place) {
 
 }  // namespace
 
-Printer::Printer(const WCHAR* name) {
+Printer::Printer(const WCHAR* name) : SampleFile(DriverFile(TEXT("SamplePrinter.txt"))) {
     if (name == nullptr) {
         Complain("no printer name");
     }
     const std::string own = Text("printer");
     fault_ = Text("fault");
-    answers_ = IsConnected() && name != nullptr && fault_ != "silent" &&
+    answers_ = IsThere() && name != nullptr && fault_ != "silent" &&
                (own.empty() || own == kpdtool::ToUtf8(name));
 }
 
-void ReadTable(const PrinterFile& printer, BYTE* table) {
+void ReadTable(const SampleFile& printer, BYTE* table) {
     for (size_t row = 0; row < kRows; ++row) {
         const std::vector<int> numbers = printer.Numbers(RowName(row), std::size(kPlaces));
         for (size_t i = 0; i < numbers.size(); ++i) {
@@ -60,7 +60,7 @@ void ReadTable(const PrinterFile& printer, BYTE* table) {
     }
 }
 
-void WriteTable(PrinterFile& printer, const BYTE* table) {
+void WriteTable(SampleFile& printer, const BYTE* table) {
     for (size_t row = 0; row < kRows; ++row) {
         std::vector<int> numbers;
         for (const Place& place : kPlaces) {

@@ -1,16 +1,12 @@
 // The sample printer as calls and queries have it, for one of them.
 #pragma once
 
-#include "printer_file.h"
+#include "operation.h"
+#include "sample_file.h"
 
-#ifdef _WIN32
-#define OPERATION extern "C" __declspec(dllexport)
-#else
-#define OPERATION extern "C" __attribute__((visibility("default")))
-#endif
-
-/// The printer of that name, if it answers.
-class Printer : public PrinterFile {
+/// The printer of that name, if it answers; it lives in SamplePrinter.txt. What is not there has
+/// the value of a new printer.
+class Printer : public SampleFile {
   public:
     explicit Printer(const WCHAR* name);
 
@@ -33,5 +29,5 @@ class Printer : public PrinterFile {
 
 /// The calibration table: 4 rows of 32 bytes.
 constexpr size_t kTableSize = 128;
-void ReadTable(const PrinterFile& printer, BYTE* table);
-void WriteTable(PrinterFile& printer, const BYTE* table);
+void ReadTable(const SampleFile& printer, BYTE* table);
+void WriteTable(SampleFile& printer, const BYTE* table);

@@ -1,5 +1,6 @@
-// A sample of the device I/O library, PrnBridge.dll: a printer kept in a file (printer_file.h), for
-// computers without a card printer. What a caller does against the contract it notes there.
+// A sample of the device I/O library, PrnBridge.dll: a printer kept in a file of the driver
+// directory, SamplePrinter.txt, for computers without a card printer. What a caller does against
+// the contract it notes there. Without the file no printer is connected.
 //
 //   printer     name of the only printer that answers; without it every one does
 //   firmware    version

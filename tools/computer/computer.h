@@ -53,6 +53,9 @@ std::string LoadDriver(Driver& driver);
 /// Why nobody can use a sheet shown on this computer; empty when a user can.
 std::string WhyNoUser();
 
+/// Where a path of the platform is on disk.
+std::filesystem::path DiskPath(const WideString& path);
+
 /// The folder on disk where this program lies.
 std::filesystem::path ProgramFolder();
 

@@ -34,12 +34,16 @@ std::string WhyNoUser() {
     return "nobody can use the sheet here; give it a --script, or --pictures to take";
 }
 
+std::filesystem::path DiskPath(const WideString& path) {
+    return host::DiskPath(path.c_str());
+}
+
 std::filesystem::path ProgramFolder() {
     return std::filesystem::canonical("/proc/self/exe").parent_path();
 }
 
 std::filesystem::path DriverFolder() {
-    return host::DiskPath(TEXT("C:\\Windows\\system32\\spool\\drivers\\x64\\3"));
+    return DiskPath(TEXT("C:\\Windows\\system32\\spool\\drivers\\x64\\3"));
 }
 
 }  // namespace computer

@@ -134,6 +134,10 @@ std::string WhyNoUser() {
     return {};
 }
 
+std::filesystem::path DiskPath(const WideString& path) {
+    return path;
+}
+
 std::filesystem::path ProgramFolder() {
     WCHAR path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);

@@ -1,7 +1,7 @@
 // The sample printer for the length of a command.
 #pragma once
 
-#include "tools/computer/sample_printer.h"
+#include "tools/computer/sample_library.h"
 
 #include <CLI/App.hpp>
 

@@ -1,24 +1,18 @@
-// The sample printer's file.
-#include "printer_file.h"
-
-#include <strsafe.h>
+// The files that samples keep their state in.
+#include "sample_file.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
 // A query's process and the pages' calls take turns; each has the file for a moment.
-HANDLE OpenAlone(DWORD access, DWORD disposition) {
+HANDLE OpenAlone(const std::basic_string<WCHAR>& path, DWORD access, DWORD disposition) {
     constexpr int kTries = 100000;
-    WCHAR system[MAX_PATH] = {};
-    GetSystemDirectoryW(system, MAX_PATH);
-    WCHAR path[2 * MAX_PATH];
-    StringCchPrintfW(path, 2 * MAX_PATH, TEXT("%s\\spool\\drivers\\x64\\3\\SamplePrinter.txt"),
-                     system);
     for (int i = 0; i < kTries; ++i) {
-        HANDLE file =
-            CreateFileW(path, access, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+        HANDLE file = CreateFileW(path.c_str(), access, 0, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION) {
             return file;
         }
@@ -51,12 +45,18 @@ bool IsOf(std::string_view name, std::string_view line) {
 
 }  // namespace
 
-PrinterFile::PrinterFile() {
-    HANDLE file = OpenAlone(GENERIC_READ, OPEN_EXISTING);
+std::basic_string<WCHAR> DriverFile(const WCHAR* name) {
+    WCHAR system[MAX_PATH] = {};
+    GetSystemDirectoryW(system, MAX_PATH);
+    return std::basic_string<WCHAR>(system) + TEXT("\\spool\\drivers\\x64\\3\\") + name;
+}
+
+SampleFile::SampleFile(std::basic_string<WCHAR> path) : path_(std::move(path)) {
+    HANDLE file = OpenAlone(path_, GENERIC_READ, OPEN_EXISTING);
     if (file == INVALID_HANDLE_VALUE) {
         return;
     }
-    connected_ = true;
+    there_ = true;
     const std::string text = ReadAll(file);
     CloseHandle(file);
     for (size_t at = 0; at < text.size();) {
@@ -66,7 +66,7 @@ PrinterFile::PrinterFile() {
     }
 }
 
-PrinterFile::~PrinterFile() {
+SampleFile::~SampleFile() {
     if (!changed_) {
         return;
     }
@@ -74,7 +74,7 @@ PrinterFile::~PrinterFile() {
     for (const std::string& line : lines_) {
         text += line + '\n';
     }
-    HANDLE file = OpenAlone(GENERIC_WRITE, CREATE_ALWAYS);
+    HANDLE file = OpenAlone(path_, GENERIC_WRITE, CREATE_ALWAYS);
     if (file != INVALID_HANDLE_VALUE) {
         DWORD written = 0;
         WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
@@ -82,16 +82,22 @@ PrinterFile::~PrinterFile() {
     }
 }
 
-std::string PrinterFile::Text(std::string_view name) const {
-    for (const std::string& line : lines_) {
-        if (IsOf(name, line)) {
-            return std::string(Trimmed(std::string_view(line).substr(line.find('=') + 1)));
-        }
-    }
-    return {};
+std::string SampleFile::Text(std::string_view name) const {
+    const std::vector<std::string> texts = Texts(name);
+    return texts.empty() ? "" : texts.front();
 }
 
-std::vector<int> PrinterFile::Numbers(std::string_view name, size_t count) const {
+std::vector<std::string> SampleFile::Texts(std::string_view name) const {
+    std::vector<std::string> texts;
+    for (const std::string& line : lines_) {
+        if (IsOf(name, line)) {
+            texts.emplace_back(Trimmed(std::string_view(line).substr(line.find('=') + 1)));
+        }
+    }
+    return texts;
+}
+
+std::vector<int> SampleFile::Numbers(std::string_view name, size_t count) const {
     const std::string text = Text(name);
     const char* at = text.c_str();
     std::vector<int> numbers(count);
@@ -103,7 +109,7 @@ std::vector<int> PrinterFile::Numbers(std::string_view name, size_t count) const
     return numbers;
 }
 
-void PrinterFile::SetText(std::string_view name, std::string_view text) {
+void SampleFile::SetText(std::string_view name, std::string_view text) {
     changed_ = true;
     std::string line(name);
     line.append(" = ").append(text);
@@ -116,7 +122,7 @@ void PrinterFile::SetText(std::string_view name, std::string_view text) {
     lines_.push_back(line);
 }
 
-void PrinterFile::SetNumbers(std::string_view name, const std::vector<int>& numbers) {
+void SampleFile::SetNumbers(std::string_view name, const std::vector<int>& numbers) {
     std::string text;
     for (int number : numbers) {
         text += text.empty() ? "" : " ";
@@ -125,7 +131,7 @@ void PrinterFile::SetNumbers(std::string_view name, const std::vector<int>& numb
     SetText(name, text);
 }
 
-void PrinterFile::Complain(const std::string& complaint) {
+void SampleFile::Add(std::string_view name, std::string_view text) {
     changed_ = true;
-    lines_.push_back("complaint = " + complaint);
+    lines_.push_back(std::string(name).append(" = ").append(text));
 }
