@@ -7,19 +7,6 @@
 
 namespace {
 
-// A query's process and the pages' calls take turns; each has the file for a moment.
-HANDLE OpenAlone(const std::basic_string<WCHAR>& path, DWORD access, DWORD disposition) {
-    constexpr int kTries = 100000;
-    for (int i = 0; i < kTries; ++i) {
-        HANDLE file = CreateFileW(path.c_str(), access, 0, nullptr, disposition,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION) {
-            return file;
-        }
-    }
-    return INVALID_HANDLE_VALUE;
-}
-
 std::string ReadAll(HANDLE file) {
     std::string text;
     char part[4096];
@@ -51,15 +38,29 @@ std::basic_string<WCHAR> DriverFile(const WCHAR* name) {
     return std::basic_string<WCHAR>(system) + TEXT("\\spool\\drivers\\x64\\3\\") + name;
 }
 
-SampleFile::SampleFile(std::basic_string<WCHAR> path) : path_(std::move(path)) {
-    HANDLE file = OpenAlone(path_, GENERIC_READ, OPEN_EXISTING);
+// Processes take turns; each has the file for a moment.
+HANDLE SampleFile::OpenAlone(DWORD access, DWORD disposition) const {
+    for (int i = 0; i < tries_; ++i) {
+        HANDLE file = CreateFileW(path_.c_str(), access, 0, nullptr, disposition,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file != INVALID_HANDLE_VALUE || GetLastError() != ERROR_SHARING_VIOLATION) {
+            return file;
+        }
+    }
+    return INVALID_HANDLE_VALUE;
+}
+
+SampleFile::SampleFile(std::basic_string<WCHAR> path, int tries)
+    : path_(std::move(path)), tries_(tries) {
+    HANDLE file = OpenAlone(GENERIC_READ, OPEN_EXISTING);
     if (file == INVALID_HANDLE_VALUE) {
         return;
     }
     there_ = true;
     const std::string text = ReadAll(file);
     CloseHandle(file);
-    for (size_t at = 0; at < text.size();) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";  // as some editors begin a file
+    for (size_t at = text.starts_with(kMark) ? kMark.size() : 0; at < text.size();) {
         const size_t end = std::min(text.find('\n', at), text.size());
         lines_.push_back(text.substr(at, end - at));
         at = end + 1;
@@ -74,7 +75,7 @@ SampleFile::~SampleFile() {
     for (const std::string& line : lines_) {
         text += line + '\n';
     }
-    HANDLE file = OpenAlone(path_, GENERIC_WRITE, CREATE_ALWAYS);
+    HANDLE file = OpenAlone(GENERIC_WRITE, CREATE_ALWAYS);
     if (file != INVALID_HANDLE_VALUE) {
         DWORD written = 0;
         WriteFile(file, text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
@@ -129,6 +130,11 @@ void SampleFile::SetNumbers(std::string_view name, const std::vector<int>& numbe
         text += std::to_string(number);
     }
     SetText(name, text);
+}
+
+void SampleFile::Remove(std::string_view name) {
+    changed_ = true;
+    std::erase_if(lines_, [&](const std::string& line) { return IsOf(name, line); });
 }
 
 void SampleFile::Add(std::string_view name, std::string_view text) {

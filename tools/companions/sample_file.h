@@ -12,8 +12,11 @@ std::basic_string<WCHAR> DriverFile(const WCHAR* name);
 
 class SampleFile {
   public:
-    /// Reads the file of that path, waiting a while for one that is in use.
-    explicit SampleFile(std::basic_string<WCHAR> path);
+    /// How often a file that is in use is tried.
+    static constexpr int kPatiently = 100000;
+
+    /// Reads the file of that path.
+    explicit SampleFile(std::basic_string<WCHAR> path, int tries = kPatiently);
     /// Writes what was changed.
     ~SampleFile();
     SampleFile(const SampleFile&) = delete;
@@ -32,6 +35,8 @@ class SampleFile {
     void SetText(std::string_view name, std::string_view text);
     void SetNumbers(std::string_view name, const std::vector<int>& numbers);
 
+    /// Takes all lines of that name away.
+    void Remove(std::string_view name);
     /// Adds a line, whether or not there is one of that name.
     void Add(std::string_view name, std::string_view text);
 
@@ -39,7 +44,10 @@ class SampleFile {
     void Complain(std::string_view complaint) { Add("complaint", complaint); }
 
   private:
+    HANDLE OpenAlone(DWORD access, DWORD disposition) const;
+
     std::basic_string<WCHAR> path_;
+    int tries_;
     bool there_ = false;
     std::vector<std::string> lines_;
     bool changed_ = false;
