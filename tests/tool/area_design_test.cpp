@@ -1,7 +1,7 @@
 // The sample of the print-area designer, called as the driver calls it and as no caller may: what
 // it answers and what it complains of. The records are bytes here, so that nothing of the sample is
 // taken over.
-#include "tools/companions/area_dialog.h"
+#include "tools/companions/area_dialog_controls.h"
 #include "tools/computer/sample_library.h"
 
 #include "pixel_canvas.h"
@@ -347,7 +347,10 @@ TEST_F(AreaDesignTest, SomebodyMovesABlockInTheDialog) {
         }
         click(kMoveDown);
         EXPECT_EQ(TextOf(GetDlgItem(dialog, kBlockPlace)), "at 90, 482\n160 by 150");
-        EXPECT_EQ(CutTextOf(GetDlgItem(dialog, kBlockPlace)), TEXT(""));
+        for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
+             child = GetWindow(child, GW_HWNDNEXT)) {
+            EXPECT_EQ(Narrow(CutTextOf(child)), "");
+        }
         PixelCanvas canvas(102, 65);
         DRAWITEMSTRUCT item = {};
         item.CtlType = ODT_STATIC;

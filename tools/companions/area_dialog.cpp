@@ -1,6 +1,7 @@
 // The dialog, whose template is put together here so that the library needs no resources.
 #include "area_dialog.h"
 
+#include "area_dialog_controls.h"
 #include "tools/kpdtool/wide_text.h"
 
 #include <algorithm>

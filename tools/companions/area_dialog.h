@@ -3,20 +3,6 @@
 
 #include "print_area.h"
 
-// Its controls.
-enum AreaDialogControl : WORD {
-    kAreaList = 100,
-    kBlockList,
-    kMoveLeft,
-    kMoveRight,
-    kMoveUp,
-    kMoveDown,
-    kBlockPlace,
-    kAreaPreview,
-    kAreaLabel,
-    kBlockLabel,
-};
-
 /// Shows it over the window that is active. `chosen` is the area shown first and, when this gives
 /// true, the one that was accepted; areas whose blocks were moved have then been saved in `folder`,
 /// as SaveArea does it.
