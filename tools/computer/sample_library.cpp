@@ -70,7 +70,7 @@ std::string SampleLibrary::State() const {
     std::ifstream file;
     TryUntilFree([&] {
         file.open(stateFile_, std::ios::binary);
-        return file.is_open();
+        return file.is_open() || !fs::exists(stateFile_);
     });
     return {std::istreambuf_iterator<char>(file), {}};
 }
