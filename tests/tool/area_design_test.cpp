@@ -197,8 +197,8 @@ std::string BlocksOf(const void* data) {
 std::string HeaderOf(const void* data) {
     char text[64];
     std::snprintf(text, sizeof(text), "%d %u %u %06x %06x", Get<BYTE>(data, 10),
-                  Get<DWORD>(data, 92), Get<DWORD>(data, 96), Get<DWORD>(data, 104),
-                  Get<DWORD>(data, 108));
+                  Get<unsigned>(data, 92), Get<unsigned>(data, 96), Get<unsigned>(data, 104),
+                  Get<unsigned>(data, 108));
     return text;
 }
 
