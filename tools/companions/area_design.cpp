@@ -1,8 +1,7 @@
 // A sample of the print-area designer, AreaDesign.dll, for computers without the real one. It knows
 // a few standard areas and those kept as text files in the print-area folder, and has a simple
-// dialog in which their blocks are moved. What was called and what a caller does against the
-// contract it notes in a file of the driver directory, SampleDesigner.txt, if that is there. Lines
-// of it:
+// dialog in which their blocks are moved. It notes what was called, and what a caller does against
+// the contract, in a file of the driver directory, SampleDesigner.txt, if that is there. Its lines:
 //
 //   dialog      accept, accept and the index of an area, or cancel: how the dialog ends without
 //               being shown
