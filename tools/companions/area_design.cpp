@@ -11,6 +11,7 @@
 //               enumeration and no back enumeration (of those made in turn the first, the third and
 //               so on, or the others), no designer, no name (of the area chosen in the dialog), no
 //               entry point
+//   calls       no: what is called is not noted
 //   call        what was called, with what mattered
 //   made        a file or folder of print areas that was not there before
 //   complaint   what a caller has done against the contract

@@ -85,7 +85,7 @@ bool CallNotes::Require(bool rule, const std::string& complaint) {
 }
 
 void CallNotes::Note(const std::string& text) {
-    if (IsThere()) {
+    if (IsThere() && Text("calls") != "no") {
         Add("call", text.empty() ? call_ : std::string(call_) + " " + text);
     }
 }
