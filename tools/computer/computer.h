@@ -66,6 +66,9 @@ std::filesystem::path DriverFolder();
 /// they are not there or older. Gives an empty text or the reason why not.
 std::string InstallPackage(const std::filesystem::path& package);
 
+/// Sees to it that the user has an application-data folder, as a real one has.
+void ProvideApplicationData();
+
 /// What differs between the computers: adds the printer with the default record given.
 std::string AddToSpooler(const PrinterSpec& spec);
 

@@ -34,6 +34,21 @@ std::string WhyNoUser() {
     return "nobody can use the sheet here; give it a --script, or --pictures to take";
 }
 
+void ProvideApplicationData() {
+    constexpr WCHAR kFolder[] = TEXT("C:\\Users\\User\\AppData\\Roaming");
+    HKEY key = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, TEXT("Volatile Environment"), 0, nullptr, 0,
+                        KEY_READ | KEY_WRITE, nullptr, &key, nullptr) != ERROR_SUCCESS) {
+        return;
+    }
+    if (RegQueryValueExW(key, TEXT("APPDATA"), nullptr, nullptr, nullptr, nullptr) !=
+        ERROR_SUCCESS) {
+        RegSetValueExW(key, TEXT("APPDATA"), 0, REG_SZ, reinterpret_cast<const BYTE*>(kFolder),
+                       sizeof(kFolder));
+    }
+    RegCloseKey(key);
+}
+
 std::filesystem::path DiskPath(const WideString& path) {
     return host::DiskPath(path.c_str());
 }

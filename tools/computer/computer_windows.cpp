@@ -134,6 +134,8 @@ std::string WhyNoUser() {
     return {};
 }
 
+void ProvideApplicationData() {}
+
 std::filesystem::path DiskPath(const WideString& path) {
     return path;
 }

@@ -83,7 +83,9 @@ SamplePrinter::SamplePrinter(const std::string& state)
 SampleDesigner::SampleDesigner(const std::string& state)
     : SampleLibrary("AreaDesign.dll",
                     HasFault(state, "no entry point") ? "AreaDesignOlder.dll" : "AreaDesign.dll",
-                    "SampleDesigner.txt", state) {}
+                    "SampleDesigner.txt", state) {
+    ProvideApplicationData();
+}
 
 SampleDesigner::~SampleDesigner() {
     if (!Reason().empty()) {

@@ -2,7 +2,7 @@
 #include "arguments.h"
 #include "commands.h"
 #include "companions/device_io.h"
-#include "connected_device.h"
+#include "connected_sample.h"
 #include "core/card_terms.h"
 #include "core/driver_files.h"
 #include "text_table.h"

@@ -10,7 +10,7 @@ namespace kpdtool {
 
 // Each in the file of its name.
 Declare DeclareCaps, DeclareRecord, DeclareShow, DeclareDiff, DeclareConvert, DeclareSheet,
-    DeclareSettings, DeclareDevice, DeclareLayout;
+    DeclareSettings, DeclareDevice, DeclareAreas, DeclareLayout;
 
 namespace {
 
@@ -40,6 +40,8 @@ constexpr CommandRow kCommands[] = {
      "kpdtool settings show Export.mcs", DeclareSettings},
     {"device", "Ask a printer everything that the pages ask it",
      "kpdtool device show \"Badge room\"", DeclareDevice},
+    {"areas", "Name the print areas chosen for a printer, and those that the designer has",
+     "kpdtool areas \"Mirv KP-41\" --printer \"Badge room\"", DeclareAreas},
     {"layout", "Print the layout of the record as docs/record.md has it",
      "kpdtool layout > docs/record.md", DeclareLayout},
 };

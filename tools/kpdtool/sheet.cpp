@@ -1,7 +1,7 @@
 // kpdtool sheet: the document sheet, opened as an application does and used as a script says.
 #include "arguments.h"
 #include "commands.h"
-#include "connected_device.h"
+#include "connected_sample.h"
 #include "core/page_table.h"
 #include "temporary_printer.h"
 #include "tool_error.h"
@@ -31,6 +31,7 @@ struct Options {
     std::string package;
     bool withLamination = false;
     std::string device;
+    std::string designer;
     std::string in;
     std::string out;
     std::string script;
@@ -199,6 +200,7 @@ int RunSheet(const Options& options, std::ostream& out) {
     }
     InstallPackage(options);
     const ConnectedDevice device(options.device);
+    const ConnectedDesigner designer(options.designer);
     Application application(options);
     std::vector<BYTE> input = application.Input();
     const StoredRecord before = Trimmed("the input record", input);
@@ -238,6 +240,7 @@ Run DeclareSheet(CLI::App& command) {
                        "The driver package's folder, for its language files and pictures (default: "
                        "that of the sources)");
     AddDevice(command, options->device);
+    AddDesigner(command, options->designer);
     command.add_option("--in", options->in,
                        "The record that the application has (default: the printer's)");
     AddOut(command, options->out);

@@ -19,36 +19,45 @@ constexpr const WCHAR* kStoredNames[kAreaPanels][kAreaSides] = {
     {TEXT("LaminationFrontPrintArea"), TEXT("LaminationBackPrintArea")},
 };
 
-// Nothing stays behind the text.
-void SetName(AreaName& name, const WCHAR* text) {
-    name = {};
-    StringCchCopyW(name.Text, kAreaNameLength, text);
-}
-
 void Store(HKEY key, const WCHAR* value, const AreaName& name) {
     RegSetValueExW(key, value, 0, REG_SZ, reinterpret_cast<const BYTE*>(name.Text),
                    sizeof(name.Text));
 }
 
 void LoadName(HKEY key, const WCHAR* value, AreaName& name) {
-    AreaName stored = {};
-    DWORD size = sizeof(stored.Text);
-    if (RegQueryValueExW(key, value, nullptr, nullptr, reinterpret_cast<BYTE*>(stored.Text),
-                         &size) == ERROR_SUCCESS) {
-        stored.Text[kAreaNameLength - 1] = 0;
-        SetName(name, stored.Text);
-    } else {
-        SetName(name, kStandardArea);
+    if (!ReadAreaName(key, value, name)) {
+        SetAreaName(name, kStandardArea);
         Store(key, value, name);
     }
 }
 
 }  // namespace
 
+void SetAreaName(AreaName& name, const WCHAR* text) {
+    name = {};
+    StringCchCopyW(name.Text, kAreaNameLength, text);
+}
+
+bool ReadAreaName(HKEY key, const WCHAR* value, AreaName& name) {
+    AreaName stored = {};
+    DWORD size = sizeof(stored.Text);
+    if (RegQueryValueExW(key, value, nullptr, nullptr, reinterpret_cast<BYTE*>(stored.Text),
+                         &size) != ERROR_SUCCESS) {
+        return false;
+    }
+    stored.Text[kAreaNameLength - 1] = 0;
+    SetAreaName(name, stored.Text);
+    return true;
+}
+
+const WCHAR* StoredAreaName(int panel, int side) {
+    return kStoredNames[panel][side];
+}
+
 void LoadPrintAreaNames(const WCHAR* printer, PrintAreaNames& names) {
     for (auto& panel : names.Names) {
         for (AreaName& name : panel) {
-            SetName(name, kStandardArea);
+            SetAreaName(name, kStandardArea);
         }
     }
     PrinterKey key(printer);
@@ -127,7 +136,7 @@ bool Design(const DriverContext& context, const AreaDesignLibrary& library,
     const AreaSource source = {designer, nullptr};
     WCHAR name[kAreaNameLength];
     if (GetAreaName(library, source, params.AreaIndex, name)) {
-        SetName(*choice.Name, name);
+        SetAreaName(*choice.Name, name);
         ReplaceArea(choice, library, source, params.AreaIndex);
     }
     return true;
@@ -161,7 +170,7 @@ void TakeAreaSelection(HWND dialog, const AreaDesignLibrary& library, AreaChoice
     if (!ItemText(dialog, choice.List, selected, name))
         return;
     choice.Index = static_cast<WORD>(selected);
-    SetName(*choice.Name, name);
+    SetAreaName(*choice.Name, name);
     if (library.IsLoaded != 0) {
         ReplaceArea(choice, library, Listed(library, choice), choice.Index);
     }

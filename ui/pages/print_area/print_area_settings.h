@@ -19,6 +19,18 @@ inline constexpr const WCHAR* kStandardArea = TEXT("Standard");
 /// What is printed or laid within an area.
 enum AreaPanel { kOvercoatPanel, kResinPanel, kLaminationPanel, kAreaPanels };
 
+/// Nothing stays behind the text.
+void SetAreaName(AreaName& name, const WCHAR* text);
+
+/// The name that a value of the printer's key has, of whatever type; false when it cannot be read
+/// or is longer than a name.
+bool ReadAreaName(HKEY key, const WCHAR* value, AreaName& name);
+
+/// The registry values that keep a name: the one of the area that is erased, and those of the
+/// panels' areas.
+inline constexpr const WCHAR* kStoredEraseArea = TEXT("EraseAreaFront");
+const WCHAR* StoredAreaName(int panel, int side);
+
 struct PrintAreaNames {
     AreaName Names[kAreaPanels][kAreaSides];
 };
