@@ -61,11 +61,13 @@ bool FindEntryPoints(AreaDesignLibrary& library) {
     return true;
 }
 
+// False when memory or room is short; the text is empty then.
 template <size_t Size>
-void Narrow(const WCHAR* text, char (&narrow)[Size]) {
-    narrow[0] = 0;
-    WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, static_cast<int>(Size), nullptr, nullptr);
-    narrow[Size - 1] = 0;
+bool Narrow(const WCHAR* text, char (&narrow)[Size]) {
+    const int length = WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, static_cast<int>(Size),
+                                           nullptr, nullptr);
+    narrow[length == 0 ? 0 : Size - 1] = 0;
+    return length != 0;
 }
 
 }  // namespace
@@ -156,10 +158,11 @@ bool FindAreaFolders(AreaFolders& folders, SessionKey key) {
     }
     WCHAR path[kDriverPathLength];
     StringCchPrintfW(path, kDriverPathLength, TEXT("%s\\Mirv\\PrtArea\\"), applicationData);
-    Narrow(path, folders.Areas);
+    if (!Narrow(path, folders.Areas)) {
+        return false;
+    }
     DriverFilePath(path, TEXT(""));
-    Narrow(path, folders.Driver);
-    return true;
+    return Narrow(path, folders.Driver);
 }
 
 // ---- Parameters ---------------------------------------------------------------------------------
@@ -332,11 +335,15 @@ GlobalBlock<WCHAR> NewText(size_t size) {
 }  // namespace
 
 DesignerSearchPath::DesignerSearchPath() {
+    // A path that cannot be read could not be put back.
     const DWORD length = GetEnvironmentVariableW(kPath, nullptr, 0);
+    if (length == 0 && GetLastError() != ERROR_ENVVAR_NOT_FOUND) {
+        return;
+    }
     if (length != 0) {
         before_ = NewText(length);
-        if (!before_ || GetEnvironmentVariableW(kPath, before_.get(), length) >= length) {
-            return;  // could not be put back
+        if (!before_ || GetEnvironmentVariableW(kPath, before_.get(), length) != length - 1) {
+            return;
         }
     }
     WCHAR folder[kDriverPathLength];

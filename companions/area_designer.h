@@ -67,7 +67,7 @@ struct AreaFolders {
 };
 /// Where the user's application data lie is kept in a registry key of the session.
 enum class SessionKey { kAsItIs, kMadeWhenMissing };
-/// False when the user's application-data folder is not known.
+/// False when the user's application-data folder is not known or cannot be written narrow.
 bool FindAreaFolders(AreaFolders& folders, SessionKey key = SessionKey::kAsItIs);
 
 struct PrintAreaParams {

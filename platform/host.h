@@ -139,6 +139,7 @@ enum class Call {
     kProfile,
     kLocale,
     kRegistry,
+    kEnvironment,
     kSpooler,
     kWindow,    ///< creating a window, dialog or menu
     kDrawing,   ///< creating a device context, bitmap, brush, pen or font

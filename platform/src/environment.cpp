@@ -18,6 +18,9 @@ bool IsName(LPCWSTR name) {
 }  // namespace
 
 DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD length) {
+    if (host::FailsNow(host::Call::kEnvironment)) {
+        return 0;
+    }
     const auto it = IsName(name) ? variables.find(host::FoldCase(name)) : variables.end();
     if (it == variables.end()) {
         SetLastError(ERROR_ENVVAR_NOT_FOUND);
@@ -32,6 +35,9 @@ DWORD WINAPI GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD length) 
 }
 
 BOOL WINAPI SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value) {
+    if (host::FailsNow(host::Call::kEnvironment)) {
+        return FALSE;
+    }
     if (!IsName(name)) {
         return host::Fail(ERROR_INVALID_PARAMETER);
     }

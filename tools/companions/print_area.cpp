@@ -142,6 +142,9 @@ std::optional<PrintArea> ReadArea(const WideString& path) {
 
 std::vector<WideString> FilesIn(const WideString& folder) {
     std::vector<WideString> files;
+    if (folder.empty()) {
+        return files;
+    }
     WIN32_FIND_DATAW found;
     HANDLE search = FindFirstFileW((folder + TEXT("*.txt")).c_str(), &found);
     if (search == INVALID_HANDLE_VALUE) {
