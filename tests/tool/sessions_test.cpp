@@ -2,7 +2,8 @@
 // kpdtool, on the default record or NAME.in.dm, gives the bytes of NAME.dm. A session plays in a
 // folder with all settings files of tests/scripts, and leaves NAME.mcs as Export.mcs if there is
 // one. With NAME.printer.txt the sample printer of that state is connected, and in the state of
-// NAME.told.txt at the end.
+// NAME.told.txt at the end. With NAME.designer.txt the sample of the print-area designer is
+// installed with that state, to which it has added no complaint at the end.
 #include "platform_test.h"
 #include "tools/kpdtool/kpdtool.h"
 
@@ -78,11 +79,20 @@ TEST_F(SessionsTest, EndWithTheirRecords) {
                        Bytes(folder / (name + ".printer.txt")));
             arguments.insert(arguments.end(), {"--device", printer.string()});
         }
+        const std::filesystem::path designer = playground / "designer.txt";
+        const std::filesystem::path designed = folder / (name + ".designer.txt");
+        if (std::filesystem::exists(designed)) {
+            WriteBytes(TestFolder() + TEXT("\\designer.txt"), Bytes(designed));
+            arguments.insert(arguments.end(), {"--designer", designer.string()});
+        }
         std::ostringstream said;
         EXPECT_EQ(RunKpdtool(arguments, said, said), 0) << said.str();
         EXPECT_TRUE(Bytes(out) == Bytes(folder / (name + ".dm"))) << said.str();
         if (std::filesystem::exists(told)) {
             EXPECT_EQ(Bytes(printer), Bytes(told));
+        }
+        if (std::filesystem::exists(designed)) {
+            EXPECT_EQ(Bytes(designer), Bytes(designed));
         }
         const std::filesystem::path exported = folder / (name + ".mcs");
         if (std::filesystem::exists(exported)) {
