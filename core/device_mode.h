@@ -97,6 +97,8 @@ enum ResinKBits : BYTE {
     kBackKOnly = 0x08,
 };
 
+enum EraseAreaCode : BYTE { kEraseStripe = 0, kEraseWholeCard = 1 };
+
 enum CardHandlingBits : WORD {
     kMoveToStandby = 0x0001,
     kDriversOwnJob = 0x0004,  ///< set in the records of the driver's chart and erase jobs
@@ -189,7 +191,7 @@ struct DevModePrivate {
     BYTE PrintAsOtherModel;                           // 265  0 or 1
     BYTE PlusRApplication;                            // 266  0 or 1
     BYTE WhiteSkip;                                   // 267  1 on, 0 off
-    BYTE EraseAreaMode;                               // 268  0 the stripe, 1 the whole card
+    BYTE EraseAreaMode;                               // 268  EraseAreaCode
     BYTE Reserved269;                                 // 269
     BYTE Reserved270;                                 // 270
     BYTE WatermarkIndex;                              // 271  0 none, 1 to 4

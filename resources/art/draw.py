@@ -68,6 +68,8 @@ def bitmaps():
         for sides in motifs.SIDES:
             pictures[f"page_order_{name}_{sides}"] = motifs.page_order(is_portrait, sides)
     pictures["lamination_position"] = motifs.lamination_position()
+    for name in motifs.ERASED:
+        pictures[f"erase_{name}"] = motifs.erased(name)
     for name in motifs.BLENDED:
         pictures[name], pictures[f"{name}_mask"] = motifs.blended(name)
     return pictures

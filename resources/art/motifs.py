@@ -427,6 +427,22 @@ def lamination_position():
     return canvas.picture()
 
 
+# What is erased of a rewritable card: the stripe's place, and the whole card's, in its width of 642
+# dots
+
+ERASED = {"stripe": (58, 190), "card": (0, 642)}
+
+
+def erased(name):
+    canvas = Canvas(39, 65, WHITE)
+    x, y, width, height = box = (1, 3, 37, 59)
+    card(canvas, box, 2, card_front)
+    left, right = (x + round(end / 642 * width) for end in ERASED[name])
+    canvas.fill(rectangle(left, y, right - left, height, 3), SECOND)
+    canvas.fill(rectangle(*box, 4, 2), INK)
+    return canvas.picture()
+
+
 # Icons, by the side of the square: the card's place in landscape format, and its lines
 ICONS = {32: ((1, 6, 30, 20), 1), 48: ((1, 9, 46, 30), 2)}
 

@@ -55,8 +55,12 @@ class Filling {
 };
 
 void Translate(const Page& page, HWND dialog) {
-    SetSection(page.Section);
-    LocalizeDialog(dialog, page.TextFields);
+    for (const WCHAR* section : {page.SharedSection, page.Section}) {
+        if (section != nullptr) {
+            SetSection(section);
+            LocalizeDialog(dialog, page.TextFields);
+        }
+    }
 }
 
 void OpenPage(const Page& page, HWND dialog, const PROPSHEETPAGEW& record) {

@@ -14,6 +14,9 @@
 struct Page {
     PageSlot Slot;
     const WCHAR* Section;  ///< of the language file
+    /// With the texts that the page has in common with another one; its dialog is translated by
+    /// this section first, and then by its own.
+    const WCHAR* SharedSection = nullptr;
     bool OffersHelp = true;
     bool ReportsAccepted = true;  ///< answers an apply with CPSUI_OK
     bool DropsTooltip = true;     ///< takes the shared tooltip window with it

@@ -2,12 +2,11 @@
 // values from the page's opening on; the record is written when the sheet applies.
 #include "ui/pages/heat_energy/heating_energy_page.h"
 
-#include "core/record_field.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
+#include "ui/common/energy_slider.h"
 #include "ui/common/help.h"
 #include "ui/common/language.h"
-#include "ui/common/value_slider.h"
 
 #include <commctrl.h>
 
@@ -34,9 +33,7 @@ struct Adjustment {
     RecordField Table;
 };
 
-// A table begins with the front's entries, one a thickness.
-constexpr WORD kThicknesses = kEnergyTableSize / 2;
-enum Side : WORD { kFront = 0, kBack = kThicknesses };
+enum Side : WORD { kFront = 0, kBack = kEnergyThicknesses };
 
 struct HeatRow {
     const Adjustment& What;
@@ -47,7 +44,7 @@ struct HeatRow {
 
 // A tick stands at 0.
 constexpr ValueSlider Bar(int slider, int text) {
-    return {slider, text, -127, 127, 10, 127};
+    return EnergyBar(slider, text, 127);
 }
 
 // clang-format off
@@ -94,25 +91,19 @@ constexpr HeatRow kRows[] = {
 
 // ---- The record ---------------------------------------------------------------------------------
 
-// A thickness that is none of the tables' counts as the first.
-RecordField EntryOf(const HeatRow& row, const DevModeRecord& record) {
-    const BYTE thickness = record.Private.CardThickness;
-    const int entry = row.FirstEntry + (thickness < kThicknesses ? thickness : 0);
-    return {static_cast<WORD>(row.What.Table.Offset + entry), 1};
+EnergyEntries EntriesOf(const HeatRow& row) {
+    return {row.What.Table, row.FirstEntry};
 }
 
 void Load(HWND dialog, const DevModeRecord& record) {
     for (const HeatRow& row : kRows) {
-        const int value = static_cast<signed char>(ReadField(record, EntryOf(row, record)));
-        ShowSliderValue(dialog, row.Bar, std::max(value, row.Bar.Minimum));
+        ShowEnergy(dialog, row.Bar, record, EntriesOf(row));
     }
 }
 
 void Apply(HWND dialog, DriverContext& context) {
-    DevModeRecord& record = context.WorkingDevMode;
     for (const HeatRow& row : kRows) {
-        const int value = SliderValue(dialog, row.Bar);
-        WriteField(record, EntryOf(row, record), static_cast<DWORD>(value));
+        StoreEnergy(dialog, row.Bar, context.WorkingDevMode, EntriesOf(row));
     }
 }
 

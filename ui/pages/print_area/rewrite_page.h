@@ -1,4 +1,4 @@
-// The Rewrite page: rewritable cards: their energies and their erase job.
+// The Rewrite page: rewritable cards: their energies, what is erased of them, and their erase job.
 #pragma once
 
 #include "ui/common/page.h"

@@ -1,4 +1,5 @@
-// A printer's record for a job of the driver's own, such as a chart.
+// A job of the driver's own, such as a chart: the printer's record with what the job changes of it,
+// and its document of one page.
 #pragma once
 
 #include "core/record_field.h"
@@ -29,6 +30,9 @@ class JobRecord {
 
     /// 0 for a field that the record lacks.
     DWORD Read(RecordField field) const;
+    /// What all of the driver's own jobs have in common: one copy of a plain card, printed on its
+    /// front without adjustments.
+    void MakePlain();
     /// Passes over fields that the record lacks.
     void Apply(std::span<const JobSetting> settings);
 
@@ -42,3 +46,22 @@ class JobRecord {
 /// A context to print on the printer with the record, which may go then; null when it cannot be
 /// had. The caller deletes it.
 HDC CreateJobContext(const WCHAR* printer, const JobRecord& record);
+
+/// A document of one page, which is printed at the end of the object's life. One that does not
+/// begin is aborted, and there is none.
+class JobDocument {
+  public:
+    /// Takes the context, which may be null: then there is no document.
+    JobDocument(HDC context, const WCHAR* name);
+    JobDocument(const JobDocument&) = delete;
+    JobDocument& operator=(const JobDocument&) = delete;
+    ~JobDocument();
+
+    explicit operator bool() const { return isBegun_; }
+    /// To draw the page on.
+    HDC Page() const { return context_; }
+
+  private:
+    HDC context_;
+    bool isBegun_ = false;
+};
