@@ -434,8 +434,8 @@ ERASED = {"stripe": (58, 190), "card": (0, 642)}
 
 
 def erased(name):
-    canvas = Canvas(39, 65, WHITE)
-    x, y, width, height = box = (1, 3, 37, 59)
+    canvas = Canvas(38, 60, WHITE)
+    x, y, width, height = box = (0, 0, 38, 60)
     card(canvas, box, 2, card_front)
     left, right = (x + round(end / 642 * width) for end in ERASED[name])
     canvas.fill(rectangle(left, y, right - left, height, 3), SECOND)

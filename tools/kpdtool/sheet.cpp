@@ -9,6 +9,7 @@
 #include "tools/kpdtool/records/record_report.h"
 #include "tools/kpdtool/sheet/lamination_sheet.h"
 #include "tools/kpdtool/sheet/sheet_run.h"
+#include "ui/common/language.h"
 #include "wide_text.h"
 
 #include <prsht.h>
@@ -65,8 +66,10 @@ void Require(const std::string& reason) {
 std::vector<SheetPage> DriverPages() {
     std::vector<SheetPage> pages;
     for (const PageRow& row : PageTable) {
-        pages.push_back({ToUtf8(row.Title), row.Dialog, row.Section});
+        pages.push_back({ToUtf8(row.Title), row.Dialog, {row.Section}});
     }
+    // Which has its title alone there.
+    pages[kRewriteSlot].sections = {kPrintingAreaSection, kRewritableSection};
     return pages;
 }
 

@@ -19,9 +19,9 @@ namespace kpdtool {
 
 /// A page as scripts name it.
 struct SheetPage {
-    std::string title;                 ///< in English
-    WORD dialog;                       ///< number of its template
-    std::basic_string<WCHAR> section;  ///< of the language file, for its texts; may be empty
+    std::string title;                               ///< in English
+    WORD dialog;                                     ///< number of its template
+    std::vector<std::basic_string<WCHAR>> sections;  ///< of the language file, for its texts
 };
 
 /// What ends a script whose expectation failed.

@@ -189,13 +189,16 @@ std::vector<Control> SheetRun::Controls() const {
 
 std::string SheetRun::Translated(const std::string& english) const {
     const SheetPage* page = PageOf(CurrentTab());
-    if (english.empty() || page == nullptr || page->section.empty()) {
+    if (english.empty() || page == nullptr) {
         return english;
     }
-    const auto key = FromUtf8(english);
-    WCHAR text[kTextLength] = {};
-    GetPrivateProfileStringW(page->section.c_str(), key.c_str(), key.c_str(), text, kTextLength,
-                             LanguageFilePath);
+    auto text = FromUtf8(english);
+    for (const auto& section : page->sections) {
+        WCHAR found[kTextLength] = {};
+        GetPrivateProfileStringW(section.c_str(), text.c_str(), text.c_str(), found, kTextLength,
+                                 LanguageFilePath);
+        text = found;
+    }
     return ToUtf8(text);
 }
 

@@ -1,8 +1,8 @@
-// The calibration chart as it comes out of the printer, records of the spooler that are no good,
+// The driver's own jobs as they come out of the printer, records of the spooler that are no good,
 // and calls of the platform that fail on the way.
-#include "ui/pages/tools/calibration_chart.h"
-
 #include "native_only.h"
+#include "ui/pages/print_area/erase_job.h"
+#include "ui/pages/tools/calibration_chart.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,7 +10,7 @@
 namespace test {
 namespace {
 
-class CalibrationChart : public NativeOnly {
+class PrintJobs : public NativeOnly {
   protected:
     void SetUp() override {
         NativeOnly::SetUp();
@@ -31,12 +31,17 @@ class CalibrationChart : public NativeOnly {
             std::filesystem::copy_options::overwrite_existing);
     }
 
-    /// What became of a document: "none" or "ended" or "aborted", with each of its pages, "chart"
+    enum Job { kChart, kErase };
+    /// What became of a document: "none" or "ended" or "aborted", with each of its pages, "black"
     /// or "empty".
-    std::string Print() {
+    std::string Print(Job which = kChart) {
         const size_t before = host::PrintedDocuments().size();
         const host::Holdings held = host::CurrentHoldings();
-        PrintCalibrationChart(context_, table_);
+        if (which == kChart) {
+            PrintCalibrationChart(context_, table_);
+        } else {
+            EraseCard(context_, -5);
+        }
         EXPECT_EQ(host::CurrentHoldings(), held);
         if (host::PrintedDocuments().size() == before) {
             return "none";
@@ -44,7 +49,7 @@ class CalibrationChart : public NativeOnly {
         const host::PrintedDocument& printed = host::PrintedDocuments().back();
         std::string result = printed.ended ? "ended" : "aborted";
         for (const host::Picture& page : printed.pages) {
-            result += std::ranges::count(page.pixels, 0u) == 0 ? " empty" : " chart";
+            result += std::ranges::count(page.pixels, 0u) == 0 ? " empty" : " black";
         }
         return result;
     }
@@ -55,9 +60,9 @@ class CalibrationChart : public NativeOnly {
     CalibrationTable table_ = {};
 };
 
-TEST_F(CalibrationChart, ComesOutPixelForPixel) {
+TEST_F(PrintJobs, TheChartComesOutPixelForPixel) {
     DeliverChart();
-    ASSERT_EQ(Print(), "ended chart");
+    ASSERT_EQ(Print(), "ended black");
     const host::PrintedDocument& printed = host::PrintedDocuments().back();
     EXPECT_EQ(printed.printer, kPrinterName);
     EXPECT_EQ(Narrow(printed.name + TEXT("|") + printed.dataType),
@@ -98,7 +103,7 @@ TEST_F(CalibrationChart, ComesOutPixelForPixel) {
 }
 
 // Rows of six bytes, the lowest first: blue and white over red and green.
-TEST_F(CalibrationChart, ColorsStayAsTheyAre) {
+TEST_F(PrintJobs, TheChartsColorsStayAsTheyAre) {
     const std::string header("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\2\0\0\0\1\0\x18\0",
                              30);
     WriteBytes(DriverFolder() + TEXT("\\CalChart.bmp"),
@@ -113,34 +118,74 @@ TEST_F(CalibrationChart, ColorsStayAsTheyAre) {
     EXPECT_EQ(page.At(2, 1), 0xFFFFFFu);
 }
 
-TEST_F(CalibrationChart, WithoutItsPictureThePageIsEmpty) {
+TEST_F(PrintJobs, WithoutItsPictureTheChartIsEmpty) {
     EXPECT_EQ(Print(), "ended empty");
     WriteBytes(DriverFolder() + TEXT("\\CalChart.bmp"), "no picture");
     EXPECT_EQ(Print(), "ended empty");
 }
 
+// Dots of a card on end, also where the printer's own record turns the page.
+TEST_F(PrintJobs, TheEraseJobBlackensItsAreaAndNothingElse) {
+    const struct {
+        BYTE area;
+        int left, right;
+    } areas[] = {{0, 58, 190}, {1, 0, 642}, {2, 0, 642}, {255, 0, 642}};
+    for (const SHORT orientation : {SHORT{DMORIENT_PORTRAIT}, SHORT{DMORIENT_LANDSCAPE}}) {
+        record_.Public.dmOrientation = orientation;
+        AddPrinter(BytesOf(record_.Public));
+        for (const auto& c : areas) {
+            context_.WorkingDevMode.Private.EraseAreaMode = c.area;
+            ASSERT_EQ(Print(kErase), "ended black");
+            const host::PrintedDocument& printed = host::PrintedDocuments().back();
+            EXPECT_EQ(printed.printer, kPrinterName);
+            EXPECT_EQ(Narrow(printed.name + TEXT("|") + printed.dataType), "Erase Card|RAW");
+            DevModeRecord job;
+            ASSERT_EQ(printed.record.size(), sizeof(job));
+            std::memcpy(&job, printed.record.data(), sizeof(job));
+            EXPECT_EQ(job.Public.dmOrientation, orientation);
+            EXPECT_EQ(job.Private.EraseEnergyTable[2], -5);
+            const host::Picture& page = printed.pages[0];
+            EXPECT_EQ(page.width > page.height, orientation == DMORIENT_LANDSCAPE);
+            size_t different = 0;
+            for (int y = 0; y < page.height; ++y) {
+                for (int x = 0; x < page.width; ++x) {
+                    const bool isErased = x >= c.left && x < c.right && y < 1014;
+                    different += page.At(x, y) != (isErased ? 0 : 0xFFFFFFu);
+                }
+            }
+            EXPECT_EQ(different, 0u) << int{c.area};
+        }
+    }
+}
+
 // Nothing is held, no page is printed with the wrong record, and a document that was begun in vain
 // is aborted.
-TEST_F(CalibrationChart, CallsThatFail) {
+TEST_F(PrintJobs, CallsThatFail) {
     using host::Call;
     DeliverChart();
     const struct {
+        Job job;
         Call kind;
         std::vector<const char*> results;  // when the first, second ... fails
     } cases[] = {
-        {Call::kSpooler, {"none", "none", "none", "none"}},
-        {Call::kPages, {"none"}},
-        {Call::kPrinting, {"none", "aborted", "ended chart", "aborted chart"}},
-        {Call::kResource, {"ended empty"}},
-        {Call::kDrawing, {"none", "ended empty", "ended empty"}},
+        {kChart, Call::kSpooler, {"none", "none", "none", "none"}},
+        {kChart, Call::kPages, {"none"}},
+        {kChart, Call::kPrinting, {"none", "aborted", "ended black", "aborted black"}},
+        {kChart, Call::kResource, {"ended empty"}},
+        {kChart, Call::kDrawing, {"none", "ended empty", "ended empty"}},
+        {kErase, Call::kSpooler, {"none", "none", "none", "none"}},
+        {kErase, Call::kPages, {"none"}},
+        {kErase, Call::kPrinting, {"none", "aborted", "ended black", "aborted black"}},
+        {kErase, Call::kDrawing, {"none"}},
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE(std::to_string(c.job) + " " + std::to_string(static_cast<int>(c.kind)));
         const unsigned calls = host::CallCount(c.kind);
-        EXPECT_EQ(Print(), "ended chart");
-        EXPECT_EQ(host::CallCount(c.kind) - calls, c.results.size()) << static_cast<int>(c.kind);
+        EXPECT_EQ(Print(c.job), "ended black");
+        EXPECT_EQ(host::CallCount(c.kind) - calls, c.results.size());
         for (unsigned n = 1; n <= c.results.size(); ++n) {
             host::FailCall(c.kind, n);
-            EXPECT_EQ(Print(), c.results[n - 1]) << static_cast<int>(c.kind) << ", call " << n;
+            EXPECT_EQ(Print(c.job), c.results[n - 1]) << "call " << n;
             host::FailCall(c.kind, 0);
         }
     }
@@ -154,7 +199,7 @@ TEST_F(CalibrationChart, CallsThatFail) {
 }
 
 // What the spooler gives is believed as far as it is there.
-TEST_F(CalibrationChart, RecordsThatAreTooShort) {
+TEST_F(PrintJobs, RecordsThatAreTooShort) {
     constexpr size_t kPage = 4096;
     const struct {
         WORD publicSize, privateSize;

@@ -1,0 +1,249 @@
+// The Rewrite page by itself: its energies, its choices, its texts and pictures.
+#include "ui/pages/print_area/rewrite_page.h"
+#include "lone_page.h"
+#include "resources/resource.h"
+#include "ui/common/controls.h"
+#include "ui/common/language.h"
+#include "ui/common/pictures.h"
+
+#include <commctrl.h>
+
+#include <cstring>
+
+namespace test {
+namespace {
+
+bool IsSame(const DevModeRecord& a, const DevModeRecord& b) {
+    return std::memcmp(&a, &b, sizeof(a)) == 0;
+}
+
+int accepted;  // reports that the sheet got for this page
+
+LONG_PTR CALLBACK TakeResult(HANDLE sheet, UINT function, LPARAM page, LPARAM result) {
+    accepted += sheet == reinterpret_cast<HANDLE>(ULONG_PTR{77}) &&
+                function == CPSFUNC_SET_RESULT && page == 55 && result == CPSUI_OK;
+    return 1;
+}
+
+class RewritePageTest : public LonePageTest {
+  protected:
+    void SetUp() override {
+        LonePageTest::SetUp();
+        context_.ComPropSheet = TakeResult;
+        context_.ComPropSheetHandle = reinterpret_cast<HANDLE>(ULONG_PTR{77});
+        context_.PageHandles[kRewriteSlot] = reinterpret_cast<HANDLE>(ULONG_PTR{55});
+        WriteWideText(LanguageFilePath, TEXT(""));
+        // A value of its own in every entry.
+        for (int entry = 0; entry < 8; ++entry) {
+            Record().EnergyTables10[4][entry] = static_cast<signed char>(100 + entry);
+            Record().EraseEnergyTable[entry] = static_cast<signed char>(-100 - entry);
+        }
+    }
+    void TearDown() override {
+        std::filesystem::remove(DiskPath(LanguageFilePath));
+        LonePageTest::TearDown();
+    }
+
+    void Open() { OpenPage(IDD_REWRITE, PageProc<kRewritePage>); }
+    void Apply() {
+        accepted = 0;
+        PSHNOTIFY apply = {};
+        apply.hdr = {parent_, 0, static_cast<UINT>(PSN_APPLY)};
+        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
+        EXPECT_EQ(accepted, 1);
+    }
+
+    HWND Item(int control) const { return GetDlgItem(page_, control); }
+    std::string Energies() const {
+        return "write " + Looks(IDC_WRITE_ENERGY) + " " + Looks(IDC_WRITE_ENERGY_VALUE) +
+               ", erase " + Looks(IDC_ERASE_ENERGY) + " " + Looks(IDC_ERASE_ENERGY_VALUE);
+    }
+    std::string Choices() const {
+        return Looks(IDC_ERASE_BEFORE_WRITE) + Looks(IDC_QUICK_ERASE) + " " +
+               Looks(IDC_ERASE_STRIPE) + Looks(IDC_ERASE_CARD);
+    }
+    void Slide(int slider, int value, WORD code = TB_THUMBPOSITION) {
+        SendMessageW(Item(slider), TBM_SETPOS, TRUE, value);
+        Tell(Item(slider), code);
+    }
+    void Tell(HWND bar, WORD code) const {
+        SendMessageW(page_, WM_HSCROLL, MAKEWPARAM(code, 0), reinterpret_cast<LPARAM>(bar));
+    }
+};
+
+// ---- Energies -----------------------------------------------------------------------------------
+
+TEST_F(RewritePageTest, TheEnergiesAreThoseOfTheThickness) {
+    constexpr struct {
+        BYTE thickness;
+        int entry;
+    } kCases[] = {{0, 0}, {1, 1}, {2, 2}, {3, 3}, {4, 0}, {255, 0}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(int{c.thickness});
+        Record().CardThickness = c.thickness;
+        const DevModeRecord before = context_.WorkingDevMode;
+        Open();
+        const std::string write = std::to_string(before.Private.EnergyTables10[4][c.entry]);
+        const std::string erase = std::to_string(before.Private.EraseEnergyTable[c.entry]);
+        EXPECT_EQ(Energies(), "write " + write + " " + write + ", erase " + erase + " " + erase);
+        Apply();
+        EXPECT_TRUE(IsSame(context_.WorkingDevMode, before)) << "untouched";
+        EXPECT_EQ(TakeChanges(), 0);
+        Slide(IDC_WRITE_ENERGY, 10 + c.thickness % 7);
+        Slide(IDC_ERASE_ENERGY, -5);
+        EXPECT_EQ(TakeChanges(), 2);
+        EXPECT_TRUE(IsSame(context_.WorkingDevMode, before)) << "until it is applied";
+        Apply();
+        DevModeRecord after = before;
+        after.Private.EnergyTables10[4][c.entry] = static_cast<signed char>(10 + c.thickness % 7);
+        after.Private.EraseEnergyTable[c.entry] = -5;
+        EXPECT_TRUE(IsSame(context_.WorkingDevMode, after));
+    }
+}
+
+TEST_F(RewritePageTest, TheEndsOfTheRange) {
+    const struct {
+        signed char stored;
+        const char* shown;
+        signed char after;
+    } cases[] = {{-128, "write -127 -127, erase -127 -127", -127},
+                 {-127, "write -127 -127, erase -127 -127", -127},
+                 {127, "write 127 127, erase 127 127", 127},
+                 {0, "write 0 0, erase 0 0", 0}};
+    Record().CardThickness = kThickness10;
+    for (const auto& c : cases) {
+        Record().EnergyTables10[4][3] = Record().EraseEnergyTable[3] = c.stored;
+        Open();
+        EXPECT_EQ(Energies(), c.shown);
+        EXPECT_EQ(CutTextOf(Item(IDC_ERASE_ENERGY_VALUE)), WideString());
+        EXPECT_EQ(CutTextOf(Item(IDC_WRITE_ENERGY_VALUE)), WideString());
+        Apply();
+        EXPECT_EQ(Record().EnergyTables10[4][3], c.after);
+        EXPECT_EQ(Record().EraseEnergyTable[3], c.after);
+    }
+    for (const int slider : {IDC_WRITE_ENERGY, IDC_ERASE_ENERGY}) {
+        EXPECT_EQ(SendMessageW(Item(slider), TBM_GETRANGEMIN, 0, 0), -127);
+        EXPECT_EQ(SendMessageW(Item(slider), TBM_GETRANGEMAX, 0, 0), 127);
+    }
+}
+
+TEST_F(RewritePageTest, EveryScrollShowsTheValueAndTellsTheSheet) {
+    Open();
+    for (const int slider : {IDC_WRITE_ENERGY, IDC_ERASE_ENERGY}) {
+        for (const WORD code : {TB_LINEUP, TB_LINEDOWN, TB_PAGEUP, TB_PAGEDOWN, TB_THUMBPOSITION,
+                                TB_THUMBTRACK, TB_TOP, TB_BOTTOM, TB_ENDTRACK}) {
+            const std::string value = std::to_string(-20 - code);
+            Slide(slider, -20 - code, code);
+            EXPECT_NE(Energies().find(value + " " + value), std::string::npos) << Energies();
+            EXPECT_EQ(TakeChanges(), 1) << code;
+        }
+    }
+    for (HWND other : {HWND{nullptr}, page_, Item(IDC_ERASE_NOW)}) {
+        Tell(other, TB_THUMBPOSITION);
+    }
+    EXPECT_EQ(TakeChanges(), 0);
+}
+
+// ---- Choices ------------------------------------------------------------------------------------
+
+TEST_F(RewritePageTest, ABoxIsItsBitAndLeavesTheOthers) {
+    const struct {
+        int box;
+        WORD bit;
+        const char* looks;
+    } cases[] = {{IDC_ERASE_BEFORE_WRITE, 0x0008, "x. x."}, {IDC_QUICK_ERASE, 0x0010, ".x x."}};
+    for (const auto& c : cases) {
+        for (const WORD others : {WORD{0}, WORD{0xFFE7}}) {
+            Record().CardHandlingFlags = others;
+            Open();
+            EXPECT_EQ(Choices(), ".. x.");
+            for (const bool isSet : {true, false, true}) {
+                Click(c.box);
+                EXPECT_EQ(Record().CardHandlingFlags, others | (isSet ? c.bit : 0));
+                EXPECT_EQ(Choices(), isSet ? c.looks : ".. x.");
+                EXPECT_EQ(TakeChanges(), 1);
+            }
+            Open();
+            EXPECT_EQ(Choices(), c.looks);
+        }
+    }
+}
+
+TEST_F(RewritePageTest, AnAreaThatIsNoneStaysUntilTheUserChooses) {
+    constexpr struct {
+        BYTE stored;
+        const char* looks;
+    } kCases[] = {{0, ".. x."}, {1, ".. .x"}, {2, ".. x."}, {255, ".. x."}};
+    constexpr struct {
+        int button;
+        BYTE stored;
+        const char* looks;
+    } kChoices[] = {{IDC_ERASE_STRIPE, 0, ".. x."}, {IDC_ERASE_CARD, 1, ".. .x"}};
+    for (const auto& c : kCases) {
+        for (const auto& choice : kChoices) {
+            Record().EraseAreaMode = c.stored;
+            Open();
+            EXPECT_EQ(Choices(), c.looks) << int{c.stored};
+            Apply();
+            EXPECT_EQ(Record().EraseAreaMode, c.stored);
+            EXPECT_EQ(TakeChanges(), 0);
+            Click(choice.button);
+            EXPECT_EQ(Record().EraseAreaMode, choice.stored);
+            EXPECT_EQ(Choices(), choice.looks);
+            EXPECT_GE(TakeChanges(), 1);
+        }
+    }
+}
+
+// ---- Texts and pictures -------------------------------------------------------------------------
+
+TEST_F(RewritePageTest, TextsAreOfTwoSections) {
+    WriteWideText(LanguageFilePath,
+                  TEXT("[PrintingArea]\r\nEdit Area=Bearbeiten\r\nQuick erase=Rasch\r\n"
+                       "The whole card=A stripe of the card\r\n")
+                      TEXT("[Rewritable]\r\nErase Now=Weg\r\nQuick erase=Eilig\r\n"
+                           "A stripe of the card=Streifen\r\nRasch=Schnell\r\n"
+                           "Re-writable card=Karte\r\n") TEXT("[Rewrite]\r\nErase Now=Falsch\r\n"));
+    Open();
+    EXPECT_EQ(TextOf(page_), "Karte");
+    EXPECT_EQ(TextOf(Item(IDC_ERASE_AREA_EDIT)), "Bearbeiten");
+    EXPECT_EQ(TextOf(Item(IDC_ERASE_NOW)), "Weg");
+    // The first section's translation is what the second is asked for.
+    EXPECT_EQ(TextOf(Item(IDC_QUICK_ERASE)), "Schnell");
+    EXPECT_EQ(TextOf(Item(IDC_ERASE_CARD)), "Streifen");
+    EXPECT_EQ(TextOf(Item(IDC_ERASE_BEFORE_WRITE)), "Erase before write");
+}
+
+TEST_F(RewritePageTest, ThePicturesShowWhatIsErased) {
+    Open();
+    const std::pair<int, int> pictures[] = {{IDC_ERASE_STRIPE_PICTURE, IDB_ERASE_STRIPE},
+                                            {IDC_ERASE_CARD_PICTURE, IDB_ERASE_CARD}};
+    // A page by itself has a title, which takes from its room.
+    SetWindowPos(page_, nullptr, 0, 0, 470, 440, SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(parent_, nullptr, 0, 0, 500, 480, SWP_NOMOVE | SWP_NOZORDER);
+    HandlePosted();
+    HDC screen = GetDC(page_);
+    for (const auto& [control, number] : pictures) {
+        const RECT frame = ControlArea(page_, control);
+        const SIZE size = {frame.right - frame.left, frame.bottom - frame.top};
+        const RECT whole = {0, 0, size.cx, size.cy};
+        int different = 0;
+        int colored = 0;
+        PictureSet loaded;
+        const MemoryCanvas canvas(screen, size.cx, size.cy);
+        DrawBitmap(loaded, canvas.get(), 0, 0, number, &whole);
+        for (int y = 0; y < size.cy; ++y) {
+            for (int x = 0; x < size.cx; ++x) {
+                const COLORREF pixel = GetPixel(screen, frame.left + x, frame.top + y);
+                different += pixel != GetPixel(canvas.get(), x, y);
+                colored += pixel == RGB(0xE5, 0x80, 0x3A);
+            }
+        }
+        EXPECT_EQ(different, 0) << control;
+        EXPECT_GT(colored, size.cx * size.cy / (number == IDB_ERASE_CARD ? 2 : 8)) << control;
+    }
+    ReleaseDC(page_, screen);
+}
+
+}  // namespace
+}  // namespace test
