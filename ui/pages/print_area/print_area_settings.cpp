@@ -31,6 +31,13 @@ void LoadName(HKEY key, const WCHAR* value, AreaName& name) {
     }
 }
 
+void StoreText(HKEY key, const WCHAR* value, const AreaName& name) {
+    size_t length = 0;
+    StringCchLengthW(name.Text, kAreaNameLength, &length);
+    RegSetValueExW(key, value, 0, REG_SZ, reinterpret_cast<const BYTE*>(name.Text),
+                   static_cast<DWORD>((length + 1) * sizeof(WCHAR)));
+}
+
 }  // namespace
 
 void SetAreaName(AreaName& name, const WCHAR* text) {
@@ -81,6 +88,21 @@ void SavePrintAreaNames(const WCHAR* printer, const PrintAreaNames& names) {
         for (int panel = 0; panel < kAreaPanels; ++panel) {
             Store(key.get(), kStoredNames[panel][side], names.Names[panel][side]);
         }
+    }
+}
+
+void LoadEraseAreaName(const WCHAR* printer, AreaName& name) {
+    SetAreaName(name, kStandardArea);
+    PrinterKey key(printer);
+    if (key.Create(KEY_READ | KEY_WRITE) && !ReadAreaName(key.get(), kStoredEraseArea, name)) {
+        StoreText(key.get(), kStoredEraseArea, name);
+    }
+}
+
+void SaveEraseAreaName(const WCHAR* printer, const AreaName& name) {
+    PrinterKey key(printer);
+    if (key.Create(KEY_READ | KEY_WRITE)) {
+        StoreText(key.get(), kStoredEraseArea, name);
     }
 }
 

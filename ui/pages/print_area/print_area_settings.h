@@ -41,6 +41,11 @@ void LoadPrintAreaNames(const WCHAR* printer, PrintAreaNames& names);
 /// Stores them, each with all its room. Nothing is stored when the key cannot be opened.
 void SavePrintAreaNames(const WCHAR* printer, const PrintAreaNames& names);
 
+// The one area within which rewritable cards are erased has a name as well. It is stored with the
+// room of its text alone, and the key is made whenever it is missing.
+void LoadEraseAreaName(const WCHAR* printer, AreaName& name);
+void SaveEraseAreaName(const WCHAR* printer, const AreaName& name);
+
 // ---- Lists --------------------------------------------------------------------------------------
 
 /// One list of areas on a page, and what is chosen in it.

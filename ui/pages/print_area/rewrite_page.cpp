@@ -9,7 +9,9 @@
 #include "ui/common/energy_slider.h"
 #include "ui/common/language.h"
 #include "ui/common/pictures.h"
+#include "ui/pages/print_area/area_preview.h"
 #include "ui/pages/print_area/erase_job.h"
+#include "ui/pages/print_area/print_area_settings.h"
 
 namespace {
 
@@ -50,6 +52,40 @@ void ShowEnergies(HWND dialog, const DevModeRecord& record) {
     }
 }
 
+// ---- The designed area --------------------------------------------------------------------------
+
+// Of the one page of this kind.
+constinit AreaName areaName = {};
+constinit AreaDesignLibrary designer = {};
+constinit AreaChoice area = {kFrontArea, IDC_ERASE_AREA_LIST, &areaName};
+
+void CloseArea(HWND, DriverContext&) {
+    ReleasePrintAreas(designer, {&area, 1});
+}
+
+void ListAreas(HWND dialog, DriverContext& context) {
+    FillPrintAreaLists(dialog, context, designer, {&area, 1});
+}
+
+void OpenArea(HWND dialog, DriverContext& context) {
+    CloseArea(dialog, context);
+    LoadEraseAreaName(context.PrinterName, areaName);
+    LoadAreaDesigner(designer);
+    ListAreas(dialog, context);
+}
+
+void ChooseArea(HWND dialog) {
+    TakeAreaSelection(dialog, designer, area);
+    RedrawAreaPreview(dialog, IDC_ERASE_AREA_PREVIEW);
+    TellSheetChanged(dialog);
+}
+
+void EditArea(HWND dialog, const DriverContext& context) {
+    if (EditPrintArea(dialog, context, designer, {&area, 1}, area, SessionKey::kMadeWhenMissing)) {
+        RedrawAreaPreview(dialog, IDC_ERASE_AREA_PREVIEW);
+    }
+}
+
 // ---- Pictures -----------------------------------------------------------------------------------
 
 constexpr struct {
@@ -58,7 +94,9 @@ constexpr struct {
 } kPictures[] = {{IDC_ERASE_STRIPE_PICTURE, IDB_ERASE_STRIPE},
                  {IDC_ERASE_CARD_PICTURE, IDB_ERASE_CARD}};
 
-void Paint(HWND dialog, DriverContext&, HDC target, const RECT& asked) {
+void Paint(HWND dialog, DriverContext& context, HDC target, const RECT& asked) {
+    PaintAreaPreview(target, ControlArea(dialog, IDC_ERASE_AREA_PREVIEW),
+                     context.WorkingDevMode.Public.dmOrientation == DMORIENT_PORTRAIT, area.Area);
     PictureSet pictures;
     for (const auto& picture : kPictures) {
         RECT common;
@@ -76,19 +114,25 @@ void Open(HWND dialog, DriverContext& context) {
     ShowEnergies(dialog, context.WorkingDevMode);
 }
 
-void Command(HWND dialog, DriverContext& context, int control, int notification) {
-    if (notification != BN_CLICKED) {
-        return;
-    }
-    if (control == IDC_ERASE_NOW) {
-        EraseCard(context, SliderValue(dialog, kEraseBar));
-    }
+void PressChoice(HWND dialog, DevModeRecord& record, int control) {
     for (const BoundButton& button : kButtons) {
         if (button.Control == control) {
-            StoreClick(context.WorkingDevMode, button);
-            ShowChoices(dialog, context.WorkingDevMode);
+            StoreClick(record, button);
+            ShowChoices(dialog, record);
             TellSheetChanged(dialog);
         }
+    }
+}
+
+void Command(HWND dialog, DriverContext& context, int control, int notification) {
+    if (control == IDC_ERASE_AREA_LIST && notification == CBN_SELENDOK) {
+        ChooseArea(dialog);
+    } else if (control == IDC_ERASE_AREA_EDIT) {
+        EditArea(dialog, context);
+    } else if (control == IDC_ERASE_NOW && notification == BN_CLICKED) {
+        EraseCard(context, SliderValue(dialog, kEraseBar));
+    } else if (notification == BN_CLICKED) {
+        PressChoice(dialog, context.WorkingDevMode, control);
     }
 }
 
@@ -104,6 +148,7 @@ void Apply(HWND dialog, DriverContext& context) {
     for (const EnergyRow& row : kEnergies) {
         StoreEnergy(dialog, row.Bar, context.WorkingDevMode, row.Entries);
     }
+    SaveEraseAreaName(context.PrinterName, areaName);
 }
 
 constexpr Tip kTips[] = {
@@ -114,6 +159,9 @@ constexpr Tip kTips[] = {
                             "under Device Option.")},
     {IDC_ERASE_NOW, TEXT("Erases a card at once: the stripe or the whole card as chosen below, "
                          "with the energy for erase as it stands here.")},
+    {IDC_ERASE_AREA_LIST, TEXT("The areas that the designer has for rewritable cards. The picture "
+                               "shows the chosen one.")},
+    {IDC_ERASE_AREA_EDIT, TEXT("Opens the designer to change these areas and to make new ones.")},
 };
 
 }  // namespace
@@ -124,7 +172,10 @@ constinit const Page kRewritePage = {.Slot = kRewriteSlot,
                                      .OffersHelp = false,
                                      .Tips = kTips,
                                      .Open = Open,
+                                     .Complete = OpenArea,
+                                     .Activate = ListAreas,
                                      .Apply = Apply,
                                      .Command = Command,
                                      .ScrollHorizontally = Scroll,
-                                     .Paint = Paint};
+                                     .Paint = Paint,
+                                     .Close = CloseArea};
