@@ -32,8 +32,7 @@ void LoadName(HKEY key, const WCHAR* value, AreaName& name) {
 }
 
 void StoreText(HKEY key, const WCHAR* value, const AreaName& name) {
-    size_t length = 0;
-    StringCchLengthW(name.Text, kAreaNameLength, &length);
+    const size_t length = WideView(name.Text).size();
     RegSetValueExW(key, value, 0, REG_SZ, reinterpret_cast<const BYTE*>(name.Text),
                    static_cast<DWORD>((length + 1) * sizeof(WCHAR)));
 }
