@@ -1,29 +1,17 @@
-// The Printing Area page by itself, over a parent that stands for the sheet, with the sample of the
-// designer library, which notes every call that breaks the contract.
-#include "application_data.h"
-#include "lone_page.h"
+// The Printing Area page by itself, over a parent that stands for the sheet.
+#include "area_page.h"
 #include "pixel_canvas.h"
-#include "printer_user_key.h"
 #include "resources/resource.h"
-#include "tools/computer/sample_library.h"
 #include "ui/common/controls.h"
 #include "ui/common/language.h"
 #include "ui/pages/print_area/area_preview.h"
 #include "ui/pages/print_area/printing_area_page.h"
 
 #include <commctrl.h>
-#include <prsht.h>
-
-#include <optional>
 #include <random>
-#include <sstream>
 
 namespace test {
 namespace {
-
-const std::string kAreaFile =
-    "orientation = landscape\nlayout = 1014 642\ncard = 255 255 255\narea = 0 0 255\n"
-    "block = 2 0 0 1014 642\n";
 
 const WCHAR* const kValues[] = {
     TEXT("OvercoatFrontPrintArea"),   TEXT("OvercoatBackPrintArea"),
@@ -32,74 +20,21 @@ const WCHAR* const kValues[] = {
 };
 const std::string kStandard = "1:520:Standard+252z";
 
-class PrintingAreaTest : public LonePageTest {
+class PrintingAreaTest : public AreaPageTest {
   protected:
     void SetUp() override {
-        LonePageTest::SetUp();
-        applicationData_.emplace();
-        applicationData_->Store(TestFolder());
-        key_.emplace(printer_);
-        context_.PrinterName = printer_.data();
+        AreaPageTest::SetUp();
         context_.IsDuplexModel = 1;
-        context_.ComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
-        WriteWideText(LanguageFilePath, TEXT(""));
-    }
-    void TearDown() override {
-        ClosePage();
-        EXPECT_EQ(Noted("complaint"), "");
-        designer_.reset();
-        key_.reset();
-        applicationData_.reset();
-        std::filesystem::remove(DiskPath(LanguageFilePath));
-        LonePageTest::TearDown();
     }
 
-    void Connect(const std::string& state) {
-        designer_.emplace(state);
-        ASSERT_EQ(designer_->Reason(), "");
-    }
-    // Areas kept as files, listed in the order of their files' names.
-    void KeepAreas(const std::vector<std::string>& names) {
-        const WideString folder = TestFolder() + TEXT("\\Mirv\\PrtArea");
-        std::filesystem::create_directories(DiskPath(folder));
-        for (size_t i = 0; i < names.size(); ++i) {
-            WriteBytes(folder + TEXT("\\") + Wide(std::to_string(i)) + TEXT(".txt"),
-                       "name = " + names[i] + "\n" + kAreaFile);
-        }
-    }
     void Open() { OpenPage(IDD_PRINTING_AREA, PageProc<kPrintingAreaPage>); }
-    void ClosePage() {
-        if (page_ != nullptr) {
-            DestroyWindow(std::exchange(page_, nullptr));
-        }
-    }
-
-    void Notify(UINT code, UINT_PTR from = 0) {
-        NMHDR notification = {parent_, from, code};
-        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
-    }
     void ShowTab(int tab) {
         SendDlgItemMessageW(page_, IDC_AREA_TAB, TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
         Notify(TCN_SELCHANGE, IDC_AREA_TAB);
     }
-    void Choose(int list, int item) {
-        SendDlgItemMessageW(page_, list, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
-        SendMessageW(page_, WM_COMMAND, MAKEWPARAM(list, CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(GetDlgItem(page_, list)));
-    }
     std::string Front() const { return Looks(IDC_AREA_FRONT_LIST); }
     std::string Back() const { return Looks(IDC_AREA_BACK_LIST); }
 
-    std::string Noted(const std::string& name) const {
-        std::string noted;
-        std::istringstream state(designer_ ? designer_->State() : "");
-        for (std::string line; std::getline(state, line);) {
-            if (line.starts_with(name + " = ")) {
-                noted += line.substr(name.size() + 3) + "\n";
-            }
-        }
-        return noted;
-    }
     // What is stored of the six names.
     std::string Stored() const {
         std::string stored;
@@ -108,11 +43,6 @@ class PrintingAreaTest : public LonePageTest {
         }
         return stored;
     }
-
-    WideString printer_ = TEXT("Badge room");
-    std::optional<ApplicationData> applicationData_;
-    std::optional<PrinterUserKey> key_;
-    std::optional<computer::SampleDesigner> designer_;
 };
 
 // ---- Names --------------------------------------------------------------------------------------
@@ -172,7 +102,6 @@ TEST_F(PrintingAreaTest, ListsChooseByName) {
         {TEXT(""), "First of 3"},
     };
     for (const auto& c : cases) {
-        designer_.reset();
         Connect("standard = no\n");
         key_->StoreText(kValues[0], c.name);
         Open();
@@ -236,7 +165,6 @@ TEST_F(PrintingAreaTest, ASideThatCannotBeListedIsEmpty) {
     };
     Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
     for (const auto& c : cases) {
-        designer_.reset();
         Connect(std::string("dialog = cancel\nfault = ") + c.fault + "\n");
         Open();
         EXPECT_EQ(Front() + ", " + Back(), c.lists) << c.fault;
@@ -244,7 +172,6 @@ TEST_F(PrintingAreaTest, ASideThatCannotBeListedIsEmpty) {
         ClosePage();
         EXPECT_EQ(Noted("complaint"), "") << c.fault;
     }
-    designer_.reset();
     Connect("");
     applicationData_->Store(WideString(260, 'x'));  // longer than a path may be
     Open();
@@ -293,7 +220,6 @@ TEST_F(PrintingAreaTest, TheDesignerChangesTheNameOfItsSide) {
     };
     Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
     for (const auto& c : cases) {
-        designer_.reset();
         Connect(c.state);
         Open();
         Click(c.edit);

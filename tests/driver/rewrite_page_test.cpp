@@ -1,13 +1,13 @@
-// The Rewrite page by itself: its energies, its choices, its texts and pictures.
+// The Rewrite page by itself: its energies, its choices, its designed area, its texts and pictures.
 #include "ui/pages/print_area/rewrite_page.h"
-#include "lone_page.h"
+#include "area_page.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
-#include "ui/common/language.h"
 #include "ui/common/pictures.h"
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace test {
@@ -25,32 +25,31 @@ LONG_PTR CALLBACK TakeResult(HANDLE sheet, UINT function, LPARAM page, LPARAM re
     return 1;
 }
 
-class RewritePageTest : public LonePageTest {
+class RewritePageTest : public AreaPageTest {
   protected:
     void SetUp() override {
-        LonePageTest::SetUp();
+        AreaPageTest::SetUp();
         context_.ComPropSheet = TakeResult;
         context_.ComPropSheetHandle = reinterpret_cast<HANDLE>(ULONG_PTR{77});
         context_.PageHandles[kRewriteSlot] = reinterpret_cast<HANDLE>(ULONG_PTR{55});
-        WriteWideText(LanguageFilePath, TEXT(""));
         // A value of its own in every entry.
         for (int entry = 0; entry < 8; ++entry) {
             Record().EnergyTables10[4][entry] = static_cast<signed char>(100 + entry);
             Record().EraseEnergyTable[entry] = static_cast<signed char>(-100 - entry);
         }
     }
-    void TearDown() override {
-        std::filesystem::remove(DiskPath(LanguageFilePath));
-        LonePageTest::TearDown();
-    }
 
     void Open() { OpenPage(IDD_REWRITE, PageProc<kRewritePage>); }
     void Apply() {
         accepted = 0;
-        PSHNOTIFY apply = {};
-        apply.hdr = {parent_, 0, static_cast<UINT>(PSN_APPLY)};
-        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&apply));
+        Notify(PSN_APPLY);
         EXPECT_EQ(accepted, 1);
+    }
+
+    void UsePrinter(const WideString& name) {
+        printer_ = name;
+        context_.PrinterName = printer_.data();
+        key_.emplace(printer_);
     }
 
     HWND Item(int control) const { return GetDlgItem(page_, control); }
@@ -195,6 +194,141 @@ TEST_F(RewritePageTest, AnAreaThatIsNoneStaysUntilTheUserChooses) {
     }
 }
 
+// ---- The designed area --------------------------------------------------------------------------
+
+constexpr const WCHAR* kStored = TEXT("EraseAreaFront");
+
+TEST_F(RewritePageTest, TheAreasNameIsStoredWithItsOwnLength) {
+    EXPECT_FALSE(key_->IsThere());
+    Open();
+    EXPECT_EQ(key_->Stored(kStored), "1:18:Standard+1z") << "the key was made";
+    Connect("");
+    Open();
+    EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), "Standard of 3");
+    TakeChanges();
+    Choose(IDC_ERASE_AREA_LIST, 1);
+    EXPECT_EQ(TakeChanges(), 1);
+    EXPECT_EQ(key_->Stored(kStored), "1:18:Standard+1z") << "until it is applied";
+    Apply();
+    EXPECT_EQ(key_->Stored(kStored), "1:26:Photo Window+1z");
+    ClosePage();
+    Open();
+    EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), "Photo Window of 3");
+    UsePrinter(TEXT("Room without a key"));
+    EXPECT_FALSE(key_->IsThere());
+    Apply();
+    EXPECT_EQ(key_->Stored(kStored), "1:26:Photo Window+1z");
+    for (const WideString& name : {WideString(TEXT("not listed")), WideString(259, 'x')}) {
+        key_->StoreText(kStored, name);
+        Open();
+        EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), "Standard of 3");
+        Apply();
+        EXPECT_EQ(key_->Stored(kStored),
+                  "1:" + std::to_string(2 * name.size() + 2) + ":" + Narrow(name) + "+1z");
+    }
+    key_->Store(kStored, REG_SZ, std::string(522, 'x'));  // which is no name
+    Open();
+    EXPECT_EQ(key_->Stored(kStored), "1:18:Standard+1z");
+    EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), "Standard of 3");
+}
+
+TEST_F(RewritePageTest, AreasAreListedAnewForTheFrontAlone) {
+    Connect("");
+    Record().CardType = kChipMagneticCard;
+    Open();
+    for (int i = 0; i < 3; ++i) {
+        Notify(PSN_SETACTIVE);
+    }
+    ClosePage();
+    const std::string calls = Noted("call");
+    size_t lists = 0;
+    size_t ends = 0;
+    for (size_t at = 0; (at = calls.find("CreateEnumPrntAreaClass", at)) != calls.npos; ++at) {
+        ++lists;
+        EXPECT_EQ(calls.compare(at, 34, "CreateEnumPrntAreaClass surface 1 "), 0);
+    }
+    for (size_t at = 0; (at = calls.find("DelPrntAreaDlgOrEnumClass", at)) != calls.npos; ++at) {
+        ++ends;
+    }
+    EXPECT_EQ(lists, 4u) << calls;
+    EXPECT_EQ(ends, 4u) << calls;
+}
+
+TEST_F(RewritePageTest, TheDesignerChangesTheAreasName) {
+    const struct {
+        const char* state;
+        const char* list;
+        const char* stored;
+    } cases[] = {
+        {"dialog = accept 2\n", "Signature Panel of 3", "1:32:Signature Panel+1z"},
+        {"dialog = cancel\n", "Standard of 3", "1:18:Standard+1z"},
+        {"dialog = accept 1\nfault = no designer\n", "Standard of 3", "1:18:Standard+1z"},
+    };
+    for (const auto& c : cases) {
+        UsePrinter(TEXT("Room ") + Wide(std::to_string(&c - cases)));
+        Connect(c.state);
+        Open();
+        TakeChanges();
+        Click(IDC_ERASE_AREA_EDIT);
+        EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), c.list) << c.state;
+        EXPECT_EQ(TakeChanges(), 0);
+        Apply();
+        EXPECT_EQ(key_->Stored(kStored), c.stored) << c.state;
+        ClosePage();
+        EXPECT_EQ(Noted("complaint"), "") << c.state;
+    }
+}
+
+TEST_F(RewritePageTest, WithoutADesignerTheListIsEmpty) {
+    key_->StoreText(kStored, TEXT("Mine"));
+    Open();
+    Click(IDC_ERASE_AREA_EDIT);
+    Notify(PSN_SETACTIVE);
+    EXPECT_EQ(Looks(IDC_ERASE_AREA_LIST), " of 0");
+    Apply();
+    EXPECT_EQ(key_->Stored(kStored), "1:10:Mine+1z");
+}
+
+TEST_F(RewritePageTest, ThePreviewShowsTheAreaWhateverIsPrinted) {
+    Record().PrintSides = Record().ColorSides = Record().ResinOptions = 0;
+    const auto middle = [&] {
+        UpdateWindow(page_);
+        const RECT place = ControlArea(page_, IDC_ERASE_AREA_PREVIEW);
+        return POINT{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    };
+    const auto shown = [&] {
+        const POINT at = middle();
+        HDC screen = GetDC(page_);
+        const COLORREF pixel = GetPixel(screen, at.x, at.y);
+        ReleaseDC(page_, screen);
+        return pixel;
+    };
+    const auto mark = [&] {
+        const POINT at = middle();
+        HDC screen = GetDC(page_);
+        SetPixel(screen, at.x, at.y, RGB(1, 2, 3));
+        ReleaseDC(page_, screen);
+    };
+    const COLORREF board[] = {RGB(255, 255, 255), RGB(128, 128, 128)};
+    Open();
+    EXPECT_NE(std::find(board, board + 2, shown()), board + 2);
+    KeepAreas({"One", "Two"});
+    Connect("standard = no\ndialog = accept 1\n");
+    for (const SHORT orientation : {SHORT{DMORIENT_PORTRAIT}, SHORT{DMORIENT_LANDSCAPE}}) {
+        Paper().dmOrientation = orientation;
+        Open();
+        const COLORREF area = shown();
+        EXPECT_EQ(std::find(board, board + 2, area), board + 2);
+        mark();
+        EXPECT_EQ(shown(), COLORREF{RGB(1, 2, 3)});
+        Choose(IDC_ERASE_AREA_LIST, 1);
+        EXPECT_EQ(shown(), area) << "drawn anew";
+        mark();
+        Click(IDC_ERASE_AREA_EDIT);
+        EXPECT_EQ(shown(), area) << "drawn anew";
+    }
+}
+
 // ---- Texts and pictures -------------------------------------------------------------------------
 
 TEST_F(RewritePageTest, TextsAreOfTwoSections) {
@@ -218,6 +352,7 @@ TEST_F(RewritePageTest, ThePicturesShowWhatIsErased) {
     Open();
     const std::pair<int, int> pictures[] = {{IDC_ERASE_STRIPE_PICTURE, IDB_ERASE_STRIPE},
                                             {IDC_ERASE_CARD_PICTURE, IDB_ERASE_CARD}};
+    UpdateWindow(page_);
     HDC screen = GetDC(page_);
     for (const auto& [control, number] : pictures) {
         const RECT frame = ControlArea(page_, control);
