@@ -8,6 +8,8 @@
 #include "ui/pages/print_area/printing_area_page.h"
 
 #include <commctrl.h>
+#include <algorithm>
+#include <cctype>
 #include <random>
 
 namespace test {
@@ -251,6 +253,110 @@ TEST_F(PrintingAreaTest, TheDesignerIsToldOfItsSideAndChosenArea) {
                          "642 "),
               std::string::npos)
         << calls;
+}
+
+// What is chosen, by the rules written down once more.
+struct ChosenAreas {
+    std::vector<std::string> listed;
+    std::string names[2][2];  // of a tab's side
+    int tab = 0;
+    size_t shown[2] = {};
+
+    static std::string Folded(std::string name) {
+        for (char& c : name) {
+            c = static_cast<char>(std::toupper(c));
+        }
+        return name;
+    }
+    void List() {
+        for (int side = 0; side < 2; ++side) {
+            shown[side] = 0;
+            for (size_t i = 0; i < listed.size(); ++i) {
+                if (Folded(listed[i]) == Folded(names[tab][side])) {
+                    shown[side] = i;
+                }
+            }
+        }
+    }
+    void Choose(int side, size_t index) {
+        names[tab][side] = listed[index];
+        shown[side] = index;
+    }
+    std::string Shown(int side) const {
+        return listed[shown[side]] + " of " + std::to_string(listed.size());
+    }
+};
+
+TEST_F(PrintingAreaTest, KeepsWhatAnyUseHasChosen) {
+    const std::vector<std::string> standard = {"Standard", "Photo Window", "Signature Panel"};
+    const char* const own[] = {"Mine", "mINE", "Badge", "Visitor", "BADGE"};
+    const int lists[] = {IDC_AREA_FRONT_LIST, IDC_AREA_BACK_LIST};
+    const int edits[] = {IDC_AREA_FRONT_EDIT, IDC_AREA_BACK_EDIT};
+    std::mt19937 random(11);
+    const auto below = [&](size_t end) { return static_cast<size_t>(random() % end); };
+    Connect("calls = no\n");
+    Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
+    Record().ResinOptions = 0xFF;
+    ChosenAreas areas = {standard, {{"Standard", "Standard"}, {"Standard", "Standard"}}};
+    ChosenAreas stored = areas;
+    Open();
+    for (int i = 0; i < 150; ++i) {
+        const int side = static_cast<int>(below(2));
+        switch (below(7)) {
+            case 0:
+                ShowTab(areas.tab = 1 - areas.tab);
+                areas.List();
+                break;
+            case 1: {  // areas come and go
+                std::filesystem::remove_all(DiskPath(TestFolder() + TEXT("\\Mirv")));
+                const std::vector<std::string> kept(own + below(3), own + 3 + below(3));
+                KeepAreas(kept);
+                areas.listed = standard;
+                areas.listed.insert(areas.listed.end(), kept.begin(), kept.end());
+                Notify(PSN_SETACTIVE);
+                areas.List();
+                break;
+            }
+            case 2:
+            case 3: {
+                const size_t index = below(areas.listed.size());
+                Choose(lists[side], static_cast<int>(index));
+                areas.Choose(side, index);
+                break;
+            }
+            case 4: {
+                const size_t index = below(areas.listed.size());
+                const bool accepts = below(2) == 0;
+                WriteBytes(DriverFolder() + TEXT("\\SampleDesigner.txt"),
+                           (accepts ? "dialog = accept " + std::to_string(index)
+                                    : std::string("dialog = cancel")) +
+                               "\ncalls = no\n");
+                Click(edits[side]);
+                if (accepts) {
+                    areas.Choose(side, index);
+                }
+                areas.List();
+                break;
+            }
+            case 5:
+                Notify(PSN_APPLY);
+                stored = areas;
+                break;
+            default:  // the sheet is cancelled, and another opened
+                Open();
+                std::copy_n(&stored.names[0][0], 4, &areas.names[0][0]);
+                areas.tab = 0;
+                areas.List();
+        }
+        ASSERT_EQ(Front(), areas.Shown(0)) << i;
+        ASSERT_EQ(Back(), areas.Shown(1)) << i;
+    }
+    Notify(PSN_APPLY);
+    for (int value = 0; value < 4; ++value) {
+        EXPECT_EQ(key_->Stored(kValues[value]).find(":" + areas.names[value / 2][value % 2] + "+"),
+                  5u)
+            << key_->Stored(kValues[value]);
+    }
 }
 
 TEST_F(PrintingAreaTest, EndsWithAllThatItBegan) {
