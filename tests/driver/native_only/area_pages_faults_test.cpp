@@ -1,5 +1,5 @@
-// The Printing Area page when calls of the platform fail: whatever it cannot do, it ends what it
-// has begun and leaves the search path as it was.
+// The pages with print areas when calls of the platform fail: whatever they cannot do, they end
+// what they have begun and leave the search path as it was.
 #include "application_data.h"
 #include "lone_page.h"
 #include "pixel_canvas.h"
@@ -9,6 +9,7 @@
 #include "tools/computer/sample_library.h"
 #include "ui/common/module.h"
 #include "ui/pages/print_area/printing_area_page.h"
+#include "ui/pages/print_area/rewrite_page.h"
 
 #include <commctrl.h>
 #include <prsht.h>
@@ -16,7 +17,22 @@
 namespace test {
 namespace {
 
-class PrintingAreaFaults : public LonePageTest {
+struct AreaPageRow {
+    const Page& page;
+    int dialog;
+    DLGPROC procedure;
+    int list;
+    int edit;
+    int tab;  // none: a control that is not there
+};
+const AreaPageRow kPages[] = {
+    {kPrintingAreaPage, IDD_PRINTING_AREA, PageProc<kPrintingAreaPage>, IDC_AREA_FRONT_LIST,
+     IDC_AREA_BACK_EDIT, IDC_AREA_TAB},
+    {kRewritePage, IDD_REWRITE, PageProc<kRewritePage>, IDC_ERASE_AREA_LIST, IDC_ERASE_AREA_EDIT,
+     0},
+};
+
+class AreaPageFaults : public LonePageTest {
   protected:
     void SetUp() override {
         LonePageTest::SetUp();
@@ -33,9 +49,9 @@ class PrintingAreaFaults : public LonePageTest {
         SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
     }
 
-    // All that the page does, once, with the n-th call of a kind failing. False when there were
+    // All that a page does, once, with the n-th call of a kind failing. False when there were
     // fewer.
-    bool Use(host::Call kind, unsigned n) {
+    bool Use(const AreaPageRow& row, host::Call kind, unsigned n) {
         const computer::SampleDesigner designer("dialog = accept 1\ncalls = no\n");
         EXPECT_EQ(designer.Reason(), "");
         const host::Holdings before = host::CurrentHoldings();
@@ -43,16 +59,16 @@ class PrintingAreaFaults : public LonePageTest {
         host::FailCall(kind, n);
         PROPSHEETPAGEW record = {};
         record.lParam = reinterpret_cast<LPARAM>(&context_);
-        page_ = CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(IDD_PRINTING_AREA), parent_,
-                                   PageProc<kPrintingAreaPage>, reinterpret_cast<LPARAM>(&record));
+        page_ = CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(row.dialog), parent_,
+                                   row.procedure, reinterpret_cast<LPARAM>(&record));
         if (page_ != nullptr) {
             Notify(PSN_SETACTIVE);
-            SendDlgItemMessageW(page_, IDC_AREA_FRONT_LIST, CB_SETCURSEL, 2, 0);
-            SendMessageW(page_, WM_COMMAND, MAKEWPARAM(IDC_AREA_FRONT_LIST, CBN_SELENDOK), 0);
-            SendMessageW(page_, WM_COMMAND, IDC_AREA_BACK_EDIT, 0);
-            SendDlgItemMessageW(page_, IDC_AREA_TAB, TCM_SETCURSEL, 1, 0);
-            Notify(TCN_SELCHANGE, IDC_AREA_TAB);
-            kPrintingAreaPage.Paint(page_, context_, canvas_.context, {0, 0, 480, 400});
+            SendDlgItemMessageW(page_, row.list, CB_SETCURSEL, 2, 0);
+            SendMessageW(page_, WM_COMMAND, MAKEWPARAM(row.list, CBN_SELENDOK), 0);
+            SendMessageW(page_, WM_COMMAND, MAKEWPARAM(row.edit, BN_CLICKED), 0);
+            SendDlgItemMessageW(page_, row.tab, TCM_SETCURSEL, 1, 0);
+            Notify(TCN_SELCHANGE, static_cast<UINT_PTR>(row.tab));
+            row.page.Paint(page_, context_, canvas_.context, {0, 0, 480, 400});
             Notify(PSN_APPLY);
             DestroyWindow(std::exchange(page_, nullptr));
         }
@@ -76,7 +92,7 @@ class PrintingAreaFaults : public LonePageTest {
     PixelCanvas canvas_{480, 400};
 };
 
-TEST_F(PrintingAreaFaults, EndsWhatItBegan) {
+TEST_F(AreaPageFaults, EndsWhatItBegan) {
     // As many as there are, but for the environment: reading the search path and changing it. That
     // it can be put back has to be relied on.
     constexpr unsigned kAll = 10000;
@@ -85,22 +101,25 @@ TEST_F(PrintingAreaFaults, EndsWhatItBegan) {
         unsigned atLeast;
         unsigned most;
     } kinds[] = {
-        {host::Call::kGlobal, 20, kAll},  {host::Call::kRegistry, 20, kAll},
-        {host::Call::kModule, 5, kAll},   {host::Call::kDrawing, 8, kAll},
-        {host::Call::kLocale, 20, kAll},  {host::Call::kEnvironment, 3, 3},
+        {host::Call::kGlobal, 15, kAll},  {host::Call::kRegistry, 8, kAll},
+        {host::Call::kModule, 5, kAll},   {host::Call::kDrawing, 3, kAll},
+        {host::Call::kLocale, 15, kAll},  {host::Call::kEnvironment, 3, 3},
         {host::Call::kResource, 1, kAll},
     };
-    for (const auto& row : kinds) {
-        unsigned n = 1;
-        while (Use(row.kind, n) && !HasFailure() && n < row.most) {
-            ++n;
+    for (const AreaPageRow& page : kPages) {
+        for (const auto& row : kinds) {
+            unsigned n = 1;
+            while (Use(page, row.kind, n) && !HasFailure() && n < row.most) {
+                ++n;
+            }
+            ASSERT_FALSE(HasFailure())
+                << "page " << page.dialog << " call " << n << " of kind " << int(row.kind);
+            EXPECT_GE(n, row.atLeast) << "page " << page.dialog << " kind " << int(row.kind);
         }
-        ASSERT_FALSE(HasFailure()) << "call " << n << " of kind " << static_cast<int>(row.kind);
-        EXPECT_GE(n, row.atLeast) << static_cast<int>(row.kind);
     }
 }
 
-TEST_F(PrintingAreaFaults, AKeyThatCannotBeMadeLeavesTheNamesStandard) {
+TEST_F(AreaPageFaults, AKeyThatCannotBeMadeLeavesTheNamesStandard) {
     const computer::SampleDesigner designer("");
     host::FailCall(host::Call::kRegistry, 2, ERROR_ACCESS_DENIED);  // the first finds none
     OpenPage(IDD_PRINTING_AREA, PageProc<kPrintingAreaPage>);
