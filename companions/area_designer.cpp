@@ -88,16 +88,15 @@ Record* CopyRecord(const Record& record) {
     return copy;
 }
 
-// Copies a chain to where its first block is pointed at; what was copied stays there on failure.
+// Copies a chain to where its first block is pointed at; what was copied stays there on failure, as
+// a chain with an end.
 bool CopyBlocks(const PrintAreaBlock* block, PrintAreaBlock** place) {
-    *place = nullptr;
     for (size_t i = 0; block != nullptr; block = block->Next, ++i) {
         *place = i < kMostBlocks ? CopyRecord(*block) : nullptr;
         if (*place == nullptr) {
             return false;
         }
         place = &(*place)->Next;
-        *place = nullptr;
     }
     return true;
 }

@@ -10,6 +10,7 @@
 #include <commctrl.h>
 #include <algorithm>
 #include <cctype>
+#include <functional>
 #include <random>
 
 namespace test {
@@ -489,8 +490,8 @@ void PaintAsStated(HDC target, const RECT& preview, bool portrait, const PrintAr
     const LONG cardHeight = portrait ? height : 642 * width / 1014;
     const LONG left = portrait ? preview.right - 10 - cardWidth : preview.left;
     const LONG top = portrait ? preview.top : preview.bottom - 10 - cardHeight;
-    HBRUSH card = CreateSolidBrush(area.CardColor);
-    HBRUSH colored = CreateSolidBrush(area.AreaColor);
+    HBRUSH card = CreateSolidBrush(area.CardColor & 0xFFFFFF);
+    HBRUSH colored = CreateSolidBrush(area.AreaColor & 0xFFFFFF);
     HBRUSH white = CreateSolidBrush(RGB(255, 255, 255));
     HGDIOBJ before = SelectObject(target, card);
     RoundRect(target, left, top, left + cardWidth, top + cardHeight, 10, 10);
@@ -538,8 +539,8 @@ TEST_F(PrintingAreaTest, AreasArePaintedToThePixel) {
         area.Orientation = static_cast<BYTE>(random() % 4);
         area.Width = 800 + random() % 1200;
         area.Height = 400 + random() % 1200;
-        area.CardColor = random() & 0xFFFFFF;
-        area.AreaColor = random() & 0xFFFFFF;
+        area.CardColor = random();  // the colours have 24 bits, whatever is above them
+        area.AreaColor = random();
         for (int block = 0; block < 3; ++block) {
             // On the card, so that nothing is painted outside the preview.
             const WORD x = static_cast<WORD>(random() % 200);
@@ -618,6 +619,69 @@ TEST_F(PrintingAreaTest, OnlyPrintedSidesShowTheirArea) {
                   c.previews)
             << &c - cases;
     }
+}
+
+TEST_F(PrintingAreaTest, PreviewsArePaintedAnew) {
+    Connect("dialog = accept 1\n");
+    Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
+    Open();
+    const auto around = [&](int preview) {
+        RECT area = ControlArea(page_, preview);
+        InflateRect(&area, 2, 2);
+        return area;
+    };
+    const RECT front = around(IDC_AREA_FRONT_PREVIEW);
+    const RECT back = around(IDC_AREA_BACK_PREVIEW);
+    const struct {
+        const char* what;
+        std::function<void()> use;
+        RECT asked;
+    } cases[] = {
+        {"the front's list", [&] { Choose(IDC_AREA_FRONT_LIST, 2); }, front},
+        {"the back's list", [&] { Choose(IDC_AREA_BACK_LIST, 1); }, back},
+        {"the back's designer", [&] { Click(IDC_AREA_BACK_EDIT); }, back},
+        {"another tab", [&] { ShowTab(1); }, {front.left, front.top, back.right, front.bottom}},
+        {"the page shown again", [&] { Notify(PSN_SETACTIVE); }, {}},
+    };
+    for (const auto& c : cases) {
+        HandlePosted();
+        UpdateWindow(page_);
+        c.use();
+        RECT asked = {};
+        GetUpdateRect(page_, &asked, FALSE);
+        EXPECT_TRUE(EqualRect(&asked, &c.asked)) << c.what << ": " << asked.left << " " << asked.top
+                                                 << " " << asked.right << " " << asked.bottom;
+    }
+}
+
+// The colour in the middle of a preview, as the page paints it.
+TEST_F(PrintingAreaTest, APreviewShowsWhatIsChosen) {
+    const PixelCanvas canvas(480, 400);
+    const auto middle = [&] {
+        kPrintingAreaPage.Paint(page_, context_, canvas.context, {0, 0, 480, 400});
+        const RECT place = ControlArea(page_, IDC_AREA_FRONT_PREVIEW);
+        return canvas.At((place.left + place.right) / 2, place.bottom - 30);
+    };
+    const WideString folder = TestFolder() + TEXT("\\Mirv\\PrtArea\\");
+    std::filesystem::create_directories(DiskPath(folder));
+    const char* const colors[] = {"255 0 0", "0 255 0"};
+    for (int i = 0; i < 2; ++i) {
+        WriteBytes(folder + Wide(std::to_string(i)) + TEXT(".txt"),
+                   "name = " + std::to_string(i) +
+                       "\norientation = landscape\nlayout = 100 100\ncard = 9 9 9\narea = " +
+                       colors[i] + "\nblock = 2 0 0 100 100\n");
+    }
+    Connect("standard = no\n");
+    Open();
+    EXPECT_EQ(middle(), 0xFF0000u);
+    Choose(IDC_AREA_FRONT_LIST, 1);
+    EXPECT_EQ(middle(), 0x00FF00u);
+    // What the designer has accepted stays where the areas can no longer be listed.
+    WriteBytes(DriverFolder() + TEXT("\\SampleDesigner.txt"),
+               "standard = no\ndialog = accept 0\nfault = no enumeration\n");
+    Click(IDC_AREA_FRONT_EDIT);
+    EXPECT_EQ(Front(), " of 0");
+    EXPECT_EQ(middle(), 0xFF0000u);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/host.h"
 #include "printer_user_key.h"
 #include "resources/resource.h"
+#include "tools/computer/computer.h"
 #include "tools/computer/sample_library.h"
 #include "ui/common/module.h"
 #include "ui/pages/print_area/printing_area_page.h"
@@ -129,6 +130,41 @@ TEST_F(AreaPageFaults, AKeyThatCannotBeMadeLeavesTheNamesStandard) {
     Notify(PSN_APPLY);
     EXPECT_FALSE(key_.IsThere()) << "nothing is stored without a key";
     DestroyWindow(std::exchange(page_, nullptr));
+}
+
+// Natively the session's key is missing until somebody makes it.
+class SessionKeyTest : public LonePageTest {};
+
+TEST_F(SessionKeyTest, IsMadeByTheRewritePagesDesignerAlone) {
+    WideString printer = TEXT("Badge room");
+    context_.PrinterName = printer.data();
+    Record().PrintSides = Record().ColorSides = kFrontSide;
+    const auto isThere = [] {
+        HKEY key = nullptr;
+        const bool opened = RegOpenKeyExW(HKEY_CURRENT_USER, TEXT("Volatile Environment"), 0,
+                                          KEY_READ, &key) == ERROR_SUCCESS;
+        if (opened) {
+            RegCloseKey(key);
+        }
+        return opened;
+    };
+    std::filesystem::copy_file(computer::ProgramFolder() / "companions/AreaDesign.dll",
+                               computer::DriverFolder() / "AreaDesign.dll");
+    const struct {
+        int dialog;
+        DLGPROC procedure;
+        int edit;
+        bool makes;
+    } pages[] = {
+        {IDD_PRINTING_AREA, PageProc<kPrintingAreaPage>, IDC_AREA_FRONT_EDIT, false},
+        {IDD_REWRITE, PageProc<kRewritePage>, IDC_ERASE_AREA_EDIT, true},
+    };
+    for (const auto& row : pages) {
+        OpenPage(row.dialog, row.procedure);
+        EXPECT_FALSE(isThere());
+        SendMessageW(page_, WM_COMMAND, MAKEWPARAM(row.edit, BN_CLICKED), 0);
+        EXPECT_EQ(isThere(), row.makes);
+    }
 }
 
 }  // namespace
