@@ -1,4 +1,4 @@
-// The driver's own print job on its way through the platform's spooler: our library is the
+// The driver's own print jobs on their way through the platform's spooler: our library is the
 // configuration file of a driver whose other half is the platform's PostScript driver.
 #include <windows.h>
 #include <gtest/gtest.h>
@@ -8,6 +8,7 @@
 #include "bench/post_script_printer.h"
 #include "core/context.h"
 #include "core/driver_files.h"
+#include "ui/pages/print_area/erase_job.h"
 #include "ui/pages/tools/calibration_chart.h"
 
 #include <filesystem>
@@ -118,6 +119,26 @@ TEST_F(PrintingTest, TheCalibrationChartComesOutOfTheSpooler) {
         }
     }
     EXPECT_EQ(different, 0);
+}
+
+TEST_F(PrintingTest, TheEraseJobComesOutOfTheSpooler) {
+    const struct {
+        BYTE area;
+        const char* rectangle;
+    } cases[] = {{kEraseStripe, "\n58 0 moveto\n132 0 rlineto\n0 1014 rlineto\n"},
+                 {kEraseWholeCard, "\n0 0 moveto\n642 0 rlineto\n0 1014 rlineto\n"}};
+    const OwnedContext context(CreateDriverContext(printer_, nullptr));
+    ASSERT_TRUE(context);
+    for (const auto& c : cases) {
+        std::filesystem::remove(printed_);
+        context->WorkingDevMode.Private.EraseAreaMode = c.area;
+        EraseCard(*context, 5);
+        const std::string document = Read(printed_);
+        for (const char* part : {"%!PS", "%%Title: Erase Card", "%%Pages: 1", c.rectangle,
+                                 "\n0.00 0.00 0.00 setrgbcolor\nfill\n"}) {
+            EXPECT_NE(document.find(part), std::string::npos) << part;
+        }
+    }
 }
 
 // The spooler's record comes from our library, whose layout the other half's is not.
