@@ -1,6 +1,7 @@
 // The Rewrite page by itself: its energies, its choices, its designed area, its texts and pictures.
 #include "ui/pages/print_area/rewrite_page.h"
 #include "area_page.h"
+#include "pixel_canvas.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
 #include "ui/common/pictures.h"
@@ -348,33 +349,30 @@ TEST_F(RewritePageTest, TextsAreOfTwoSections) {
     EXPECT_EQ(TextOf(Item(IDC_ERASE_BEFORE_WRITE)), "Erase before write");
 }
 
+// Of the page's own painting, since a page by itself has a title that moves its end out of sight.
 TEST_F(RewritePageTest, ThePicturesShowWhatIsErased) {
+    constexpr std::pair<int, int> kPictures[] = {{IDC_ERASE_STRIPE_PICTURE, IDB_ERASE_STRIPE},
+                                                 {IDC_ERASE_CARD_PICTURE, IDB_ERASE_CARD}};
     Open();
-    const std::pair<int, int> pictures[] = {{IDC_ERASE_STRIPE_PICTURE, IDB_ERASE_STRIPE},
-                                            {IDC_ERASE_CARD_PICTURE, IDB_ERASE_CARD}};
-    UpdateWindow(page_);
-    HDC screen = GetDC(page_);
-    for (const auto& [control, number] : pictures) {
+    PixelCanvas painted(700, 700);
+    kRewritePage.Paint(page_, context_, painted.context, {0, 0, 700, 700});
+    for (const auto& [control, number] : kPictures) {
         const RECT frame = ControlArea(page_, control);
-        const SIZE size = {frame.right - frame.left, frame.bottom - frame.top};
-        const RECT whole = {0, 0, size.cx, size.cy};
-        int different = 0;
-        int colored = 0;
+        PixelCanvas expected(700, 700);
         PictureSet loaded;
-        const MemoryCanvas canvas(screen, size.cx, size.cy);
-        DrawBitmap(loaded, canvas.get(), 0, 0, number, &whole);
-        // A page by itself has a title, which moves its end out of the sheet.
-        for (int y = 0; y < size.cy * 2 / 3; ++y) {
-            for (int x = 0; x < size.cx; ++x) {
-                const COLORREF pixel = GetPixel(screen, frame.left + x, frame.top + y);
-                different += pixel != GetPixel(canvas.get(), x, y);
-                colored += pixel == RGB(0xE5, 0x80, 0x3A);
+        DrawBitmap(loaded, expected.context, frame.left, frame.top, number, &frame);
+        int different = 0;
+        int orange = 0;
+        for (int y = frame.top; y < frame.bottom; ++y) {
+            for (int x = frame.left; x < frame.right; ++x) {
+                different += painted.At(x, y) != expected.At(x, y);
+                orange += painted.At(x, y) == 0xE5803A;
             }
         }
+        const int size = static_cast<int>((frame.right - frame.left) * (frame.bottom - frame.top));
         EXPECT_EQ(different, 0) << control;
-        EXPECT_GT(colored, size.cx * size.cy / (number == IDB_ERASE_CARD ? 2 : 10)) << control;
+        EXPECT_GT(orange, size / (number == IDB_ERASE_CARD ? 2 : 8)) << control;
     }
-    ReleaseDC(page_, screen);
 }
 
 }  // namespace
