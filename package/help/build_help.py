@@ -416,7 +416,8 @@ def index(pages):
     """Titles, the terms that topics explain and the words that they name."""
     places = {}
     for page in pages.values():
-        for word in dict.fromkeys([page.title] + page.words + page.terms):
+        terms = [term for term in page.terms if len(term) > 2 or not term.isascii()]  # "A" says nothing
+        for word in dict.fromkeys([page.title] + page.words + terms):
             places.setdefault(word, []).append(page)
     entries = ["<ul>"]
     for word in sorted(places, key=without_marks):
