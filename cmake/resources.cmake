@@ -8,8 +8,9 @@ function(kpd_add_resources target script)
   file(GLOB_RECURSE parts CONFIGURE_DEPENDS ${folder}/*.h ${folder}/*.rc ${folder}/*.bmp
                                             ${folder}/*.ico ${folder}/*.cur
                                             ${folder}/*.dib)
+  list(APPEND parts ${KPD_GENERATED}/version.h)
   if(WIN32)
-    set_source_files_properties(${script} PROPERTIES INCLUDE_DIRECTORIES ${folder}
+    set_source_files_properties(${script} PROPERTIES INCLUDE_DIRECTORIES "${folder};${KPD_GENERATED}"
                                                      OBJECT_DEPENDS "${parts}")
     target_sources(${target} PRIVATE ${script})
     return()
@@ -19,7 +20,8 @@ function(kpd_add_resources target script)
   add_custom_command(
     OUTPUT ${compiled}
     # The script by its bare name: a path that starts with an option's letter is taken for the option.
-    COMMAND llvm-rc /C 65001 /I ${CMAKE_SOURCE_DIR}/platform/include /FO ${compiled} ${file_name}
+    COMMAND llvm-rc /C 65001 /I ${CMAKE_SOURCE_DIR}/platform/include
+            /I ${KPD_GENERATED} /FO ${compiled} ${file_name}
     WORKING_DIRECTORY ${folder}
     DEPENDS ${script} ${parts})
   set(RESOURCE_FILE ${compiled})

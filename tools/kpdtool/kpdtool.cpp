@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "tool_error.h"
+#include "version.h"
 
 namespace kpdtool {
 
@@ -60,6 +61,7 @@ class CommandLine {
     CommandLine() : app_(kDescription, "kpdtool") {
         app_.require_subcommand(1);
         app_.footer(kFooter);
+        app_.set_version_flag("--version", "kpdtool " KPD_VERSION, "Print the version and exit");
         for (const CommandRow& row : kCommands) {
             CLI::App* command = app_.add_subcommand(row.Name, row.Description);
             command->footer(std::string("Example:\n  ") + row.Example);
@@ -100,6 +102,9 @@ int RunKpdtool(const std::vector<std::string>& arguments, std::ostream& out, std
         return kpdtool::RunCommand(line, out, err);
     } catch (const CLI::CallForHelp&) {
         out << line.App().help();
+        return 0;
+    } catch (const CLI::CallForVersion& version) {
+        out << version.what() << '\n';
         return 0;
     } catch (const std::exception& error) {
         err << "kpdtool: " << error.what() << '\n';

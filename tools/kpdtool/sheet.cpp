@@ -145,7 +145,7 @@ Outcome UseSheet(const Options& options, const Script& script, Application& appl
 }
 
 void InstallPackage(const Options& options) {
-    const std::filesystem::path ofSources = KPD_PACKAGE_FOLDER;
+    const std::filesystem::path ofSources = computer::ProgramFolder() / KPD_PACKAGE_FOLDER;
     if (!options.package.empty()) {
         Require(computer::InstallPackage(PathFrom(options.package)));
     } else if (std::filesystem::exists(ofSources)) {
