@@ -1,10 +1,12 @@
-# Sourced by run, test and the continuous integration: installs what is missing, builds a preset,
+# Sourced by run, test, pack and the continuous integration: installs what is missing, builds a preset,
 # runs a Windows program under Wine. All of it does nothing that is done already.
 
 native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev
-    libfreetype-dev libpng-dev llvm fonts-wine fonts-vlgothic"
+    libfreetype-dev libpng-dev llvm fonts-wine fonts-vlgothic python3"
 sanitizer_packages="libclang-rt-14-dev"
-windows_packages="g++-mingw-w64-x86-64-posix wine wine64 xvfb xauth"
+cross_packages="g++-mingw-w64-x86-64-posix"
+windows_packages="$cross_packages wine wine64 xvfb xauth"
+help_packages="fp-utils"
 
 # Installs those of the packages named that are not there.
 install_packages() {
@@ -22,12 +24,13 @@ install_packages() {
         apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }
 
-# Configures (the first time) and builds a preset; shows what was printed only when it failed.
+# Configures (the first time) and builds a preset, or of it what further words say; shows what was
+# printed only when it failed.
 build_preset() {
     local log="build/$1.log"
     mkdir -p build
     if ! {
-        { [ -f "build/$1/build.ninja" ] || cmake --preset "$1"; } && cmake --build --preset "$1"
+        { [ -f "build/$1/build.ninja" ] || cmake --preset "$1"; } && cmake --build --preset "$@"
     } >"$log" 2>&1; then
         cat "$log"
         return 1

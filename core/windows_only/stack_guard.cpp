@@ -6,7 +6,7 @@
 
 extern "C" {
 
-// Kept also where no time can be had: text that runs over a buffer cannot write the zero byte.
+// Its zero byte comes first, which no text that runs over a buffer can write.
 std::uintptr_t __stack_chk_guard = 0x2B992DDFA23200;
 
 [[noreturn]] void __stack_chk_fail() {
