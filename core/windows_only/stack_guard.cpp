@@ -1,5 +1,5 @@
-// What the compiler's stack protector asks for. The compiler's own library would load a cryptographic
-// provider for its value, which an image entry must not.
+// What the compiler's stack protector asks for. The compiler's own library would load a
+// cryptographic provider for its value, which an image entry must not.
 #include <windows.h>
 
 #include <cstdint>

@@ -149,5 +149,17 @@ TEST_F(PrintingTest, TheJobsRecordIsOurs) {
     EXPECT_EQ(record.Read(RECORD_FIELD(Private.ModelCode)), kModelCode);
 }
 
+// As after the complete driver has been installed, whose printers must go on printing.
+TEST_F(PrintingTest, ATemporaryPrinterLeavesTheOtherHalfInPlace) {
+    const WideString other = TEXT("Client's temporary printer");
+    EXPECT_EQ(computer::InstallPrinter({other, TEXT("Mirv KP-41 PS")}), "");
+    computer::RemovePrinter(other);
+    BYTE buffer[4096];
+    DWORD size = 0;
+    ASSERT_TRUE(GetPrinterDriverW(printer_, nullptr, 3, buffer, sizeof(buffer), &size));
+    const auto* driver = reinterpret_cast<const DRIVER_INFO_3W*>(buffer);
+    EXPECT_EQ(std::filesystem::path(driver->pDriverPath).filename(), "wineps.drv");
+}
+
 }  // namespace
 }  // namespace test

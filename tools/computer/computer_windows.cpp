@@ -8,6 +8,7 @@
 #include "core/module.h"
 #include "ui/common/language.h"
 
+#include <algorithm>
 #include <type_traits>
 
 namespace computer {
@@ -38,9 +39,31 @@ WideString BesideProgram(const WCHAR* name) {
     return (ProgramFolder() / name).wstring();
 }
 
-// The library itself stands for the rendering half too, which is a component of its own and never
-// called here. The spooler copies the files named into the driver directory.
+// True when the model's driver is there with a rendering half other than our library, which stands
+// for it where nobody has installed the complete driver.
+bool IsDriverComplete(const WideString& model) {
+    WCHAR environment[] = TEXT("Windows x64");
+    DWORD size = 0;
+    DWORD count = 0;
+    EnumPrinterDriversW(nullptr, environment, 3, nullptr, 0, &size, &count);
+    std::vector<BYTE> buffer(size);
+    if (!EnumPrinterDriversW(nullptr, environment, 3, buffer.data(), size, &size, &count)) {
+        return false;
+    }
+    const auto* drivers = reinterpret_cast<const DRIVER_INFO_3W*>(buffer.data());
+    return std::any_of(drivers, drivers + count, [&](const DRIVER_INFO_3W& driver) {
+        return driver.pName == model &&
+               std::filesystem::path(driver.pDriverPath).filename() != TEXT("kpdui.dll");
+    });
+}
+
+// A complete driver is left as it is, for printers that print with it. Otherwise the library itself
+// stands for the rendering half, which is never called here. The spooler copies the files named
+// into the driver directory.
 std::string InstallDriver(const WideString& model) {
+    if (IsDriverComplete(model)) {
+        return {};
+    }
     WCHAR environment[] = TEXT("Windows x64");
     WideString name = model;
     WideString file = BesideProgram(TEXT("kpdui.dll"));
@@ -82,7 +105,7 @@ std::string AddToSpooler(const PrinterSpec& spec) {
     PrinterSpec copy = spec;
     WCHAR filePort[] = TEXT("FILE:");
     WCHAR serverPort[] = TEXT("\\\\server\\cards");
-    WCHAR processor[] = TEXT("wineps");
+    WCHAR processor[] = TEXT("winprint");
     WCHAR datatype[] = TEXT("RAW");
     PRINTER_INFO_2W info = {};
     info.pPrinterName = copy.name.data();
