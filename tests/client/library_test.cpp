@@ -79,7 +79,7 @@ TEST_F(LibraryTest, ImportsSystemLibrariesOnly) {
 TEST_F(LibraryTest, IsStrippedAndSmall) {
     const DWORD pictures =
         header_->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_RESOURCE].Size;
-    EXPECT_LT(std::filesystem::file_size(path_), pictures + 192u * 1024);
+    EXPECT_LT(std::filesystem::file_size(path_), pictures + 144u * 1024);
     EXPECT_EQ(header_->FileHeader.NumberOfSymbols, 0u);
     EXPECT_NE(header_->OptionalHeader.AddressOfEntryPoint, 0u);
 }
