@@ -2,7 +2,8 @@
 # runs a Windows program under Wine. All of it does nothing that is done already.
 
 native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli11-dev nlohmann-json3-dev
-    libfreetype-dev libpng-dev llvm fonts-wine fonts-vlgothic python3"
+    libfreetype-dev libpng-dev llvm fonts-wine fonts-vlgothic fonts-dejavu-core
+    fonts-wqy-microhei python3"
 sanitizer_packages="libclang-rt-14-dev"
 cross_packages="g++-mingw-w64-x86-64-posix"
 windows_packages="$cross_packages wine wine64 xvfb xauth"
