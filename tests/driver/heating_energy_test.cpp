@@ -2,6 +2,7 @@
 #include "lone_page.h"
 #include "pixel_canvas.h"
 #include "resources/resource.h"
+#include "tools/kpdtool/language/cut_text.h"
 #include "ui/common/language.h"
 #include "ui/pages/heat_energy/heating_energy_page.h"
 
@@ -417,7 +418,7 @@ TEST_F(HeatingEnergyTest, TheLongestValueHasRoom) {
     }
     OpenOn(0);
     for (const HeatSlider& slider : kSliders) {
-        EXPECT_EQ(CutTextOf(TextBeside(slider.id)), WideString()) << slider.id;
+        EXPECT_EQ(kpdtool::CutTextOf(TextBeside(slider.id)), kpdtool::CutText()) << slider.id;
     }
 }
 

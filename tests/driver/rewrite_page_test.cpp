@@ -3,6 +3,7 @@
 #include "area_page.h"
 #include "pixel_canvas.h"
 #include "resources/resource.h"
+#include "tools/kpdtool/language/cut_text.h"
 #include "ui/common/controls.h"
 #include "ui/common/pictures.h"
 
@@ -115,8 +116,8 @@ TEST_F(RewritePageTest, TheEndsOfTheRange) {
         Record().EnergyTables10[4][3] = Record().EraseEnergyTable[3] = c.stored;
         Open();
         EXPECT_EQ(Energies(), c.shown);
-        EXPECT_EQ(CutTextOf(Item(IDC_ERASE_ENERGY_VALUE)), WideString());
-        EXPECT_EQ(CutTextOf(Item(IDC_WRITE_ENERGY_VALUE)), WideString());
+        EXPECT_EQ(kpdtool::CutTextOf(Item(IDC_ERASE_ENERGY_VALUE)), kpdtool::CutText());
+        EXPECT_EQ(kpdtool::CutTextOf(Item(IDC_WRITE_ENERGY_VALUE)), kpdtool::CutText());
         Apply();
         EXPECT_EQ(Record().EnergyTables10[4][3], c.after);
         EXPECT_EQ(Record().EraseEnergyTable[3], c.after);

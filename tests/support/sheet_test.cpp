@@ -2,14 +2,11 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
-#include "core/page_table.h"
 #include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
-#include "tools/computer/sample_library.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
-#include "ui/pages/import_export/settings_parts_dialog.h"
 #include "ui/pages/tools/advance_tool.h"
 
 #include <commctrl.h>
@@ -67,16 +64,6 @@ LONG SheetTest::RunOn(HANDLE printer, int button) {
     return result;
 }
 
-void SheetTest::OpenPartsDialog(DWORD parts, const std::function<void(HWND)>& look) {
-    RunInLoop([&] {
-        HWND dialog = DialogWith(IDC_COLOR_PART);
-        look(dialog);
-        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    });
-    SetSection(kImportExportSection);
-    RunSettingsPartsDialog(nullptr, &parts);
-}
-
 void SheetTest::OpenAdvanceTool(const std::function<void(HWND)>& look) {
     const DeviceLibrary library;
     DriverContext context = {};
@@ -88,41 +75,6 @@ void SheetTest::OpenAdvanceTool(const std::function<void(HWND)>& look) {
         PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     RunAdvanceTool(nullptr, context);
-}
-
-void SheetTest::OpenLamination(const std::function<void(HWND)>& look) {
-    const computer::SamplePrinter printer("laminator = 1\nfilm 0 = 180 2000 0 100 0 100\n");
-    const PageRow& row = PageTable[kLaminationSlot];
-    DriverContext context = {};
-    context.IsDuplexModel = 1;
-    PROPSHEETPAGEW record = {};
-    record.lParam = reinterpret_cast<LPARAM>(&context);
-    HWND parent = CreateWindowExW(0, TEXT("Static"), TEXT(""), WS_POPUP, 0, 0, 500, 400, nullptr,
-                                  nullptr, nullptr, nullptr);
-    HWND page = CreateDialogParamW(ModuleHandle, MAKEINTRESOURCEW(row.Dialog), parent,
-                                   row.Procedure, reinterpret_cast<LPARAM>(&record));
-    NMHDR activated = {page, 0, static_cast<UINT>(PSN_SETACTIVE)};
-    SendMessageW(page, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&activated));
-    look(page);
-    DestroyWindow(parent);
-}
-
-void SheetTest::OpenEveryPage(const std::function<void(HWND)>& look) {
-    const std::pair<const WCHAR*, BYTE> kinds[] = {{TEXT("Mirv KP-41"), kRibbonYMCKO},
-                                                   {TEXT("Mirv KP-43"), kRibbonK}};
-    for (const auto& [model, ribbon] : kinds) {
-        input_.Private.RibbonType = ribbon;
-        RunSheet(model, {[&] {
-                     for (size_t i = 0; i < Tabs().size(); ++i) {
-                         look(ShowPage(static_cast<int>(i)));
-                     }
-                 }});
-    }
-    for (const DWORD parts : {0u, 3u}) {
-        OpenPartsDialog(parts, look);
-    }
-    OpenAdvanceTool(look);
-    OpenLamination(look);
 }
 
 HWND SheetTest::Sheet() {

@@ -25,18 +25,9 @@ class SheetTest : public DriverTest {
     /// The same on an open printer, without steps.
     LONG RunOn(HANDLE printer, int button = PSBTN_OK);
 
-    /// Asks `look` at every page of a colour printer and of one for rewritable cards, and at every
-    /// dialog that pages open.
-    void OpenEveryPage(const std::function<void(HWND page)>& look);
-
-    /// Asks `look` at the dialog for the parts of a settings file, and closes it.
-    void OpenPartsDialog(DWORD parts, const std::function<void(HWND)>& look);
-
-    /// The same of the Advance Tool dialog with everything that a model shows in it.
+    /// Asks `look` at the Advance Tool dialog with everything that a model shows in it, and closes
+    /// it.
     void OpenAdvanceTool(const std::function<void(HWND)>& look);
-
-    /// The same of the Lamination page, which no sheet has, with a laminator.
-    void OpenLamination(const std::function<void(HWND)>& look);
 
     // For the steps.
     static HWND Sheet();              ///< the sheet on the screen; null when there is none

@@ -35,11 +35,6 @@ void Note(UINT message, WPARAM wParam, LPARAM lParam);
 std::string TextOf(HWND window);
 WideString WideTextOf(HWND window);
 
-/// The text of a static control or button, the first item of a combo box or the title of a dialog,
-/// that does not fit into it, drawn in its font and, in a static control, wrapped to its width;
-/// empty when all do.
-WideString CutTextOf(HWND control);
-
 void Press(HWND window, int key);          ///< WM_KEYDOWN and WM_KEYUP, sent
 void Type(HWND window, const char* text);  ///< a WM_CHAR for each character, sent
 

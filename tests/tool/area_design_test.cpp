@@ -3,6 +3,7 @@
 // taken over.
 #include "tools/companions/area_dialog_controls.h"
 #include "tools/computer/sample_library.h"
+#include "tools/kpdtool/language/cut_text.h"
 
 #include "pixel_canvas.h"
 #include "window_test.h"
@@ -347,10 +348,7 @@ TEST_F(AreaDesignTest, SomebodyMovesABlockInTheDialog) {
         }
         click(kMoveDown);
         EXPECT_EQ(TextOf(GetDlgItem(dialog, kBlockPlace)), "at 90, 482\n160 by 150");
-        for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr;
-             child = GetWindow(child, GW_HWNDNEXT)) {
-            EXPECT_EQ(Narrow(CutTextOf(child)), "");
-        }
+        EXPECT_EQ(kpdtool::CutTextsOf(dialog), std::vector<kpdtool::CutText>());
         PixelCanvas canvas(102, 65);
         DRAWITEMSTRUCT item = {};
         item.CtlType = ODT_STATIC;

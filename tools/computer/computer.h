@@ -66,6 +66,31 @@ std::filesystem::path DriverFolder();
 /// they are not there or older. Gives an empty text or the reason why not.
 std::string InstallPackage(const std::filesystem::path& package);
 
+/// A folder for a program's own files, as the platform names it, without trailing backslash.
+WideString TemporaryFolder();
+
+/// A text that a profile file is asked for.
+struct ProfileLookup {
+    WideString file;
+    WideString section;
+    WideString key;
+};
+
+/// Notes, while it lives, every text that the driver code linked into this program asks for, found
+/// or not. One at a time.
+class ProfileNotes {
+  public:
+    ProfileNotes();
+    ~ProfileNotes();
+    ProfileNotes(const ProfileNotes&) = delete;
+    ProfileNotes& operator=(const ProfileNotes&) = delete;
+
+    std::vector<ProfileLookup> Lookups() const;
+
+  private:
+    size_t before_ = 0;  ///< those of before, where they are noted anyway
+};
+
 /// Sees to it that the user has an application-data folder, as a real one has.
 void ProvideApplicationData();
 

@@ -49,6 +49,26 @@ void ProvideApplicationData() {
     RegCloseKey(key);
 }
 
+WideString TemporaryFolder() {
+    const WideString folder = TEXT("C:\\Windows\\Temp");
+    std::error_code ignored;
+    std::filesystem::create_directories(DiskPath(folder), ignored);
+    return folder;
+}
+
+ProfileNotes::ProfileNotes() : before_(host::ProfileLookups().size()) {}
+
+ProfileNotes::~ProfileNotes() = default;
+
+std::vector<ProfileLookup> ProfileNotes::Lookups() const {
+    std::vector<ProfileLookup> noted;
+    for (size_t i = before_; i < host::ProfileLookups().size(); ++i) {
+        const host::ProfileLookup& lookup = host::ProfileLookups()[i];
+        noted.push_back({lookup.file, lookup.section, lookup.key});
+    }
+    return noted;
+}
+
 std::filesystem::path DiskPath(const WideString& path) {
     return host::DiskPath(path.c_str());
 }

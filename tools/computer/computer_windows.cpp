@@ -16,14 +16,31 @@ namespace {
 
 LANGID chosenLanguage = 0;
 
+// A function of the platform whose import this program has taken the place of.
+template <typename Function>
+Function* Real(const char* name) {
+    return reinterpret_cast<Function*>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(TEXT("kernel32.dll")), name)));
+}
+
 LANGID RealUiLanguage() {
-    const FARPROC own =
-        GetProcAddress(GetModuleHandleW(TEXT("kernel32.dll")), "GetUserDefaultUILanguage");
-    return reinterpret_cast<LANGID(WINAPI*)()>(reinterpret_cast<void*>(own))();
+    return Real<decltype(GetUserDefaultUILanguage)>("GetUserDefaultUILanguage")();
 }
 
 LANGID WINAPI ChosenUiLanguage() {
     return chosenLanguage != 0 ? chosenLanguage : RealUiLanguage();
+}
+
+bool notesLookups = false;
+std::vector<ProfileLookup> notedLookups;
+
+DWORD WINAPI NotedProfileString(LPCWSTR section, LPCWSTR key, LPCWSTR defaultValue, LPWSTR text,
+                                DWORD size, LPCWSTR file) {
+    static const auto real = Real<decltype(GetPrivateProfileStringW)>("GetPrivateProfileStringW");
+    if (notesLookups && section != nullptr && key != nullptr && file != nullptr) {
+        notedLookups.push_back({file, section, key});
+    }
+    return real(section, key, defaultValue, text, size, file);
 }
 
 // Of Chinese the countries are languages of their own.
@@ -159,6 +176,23 @@ std::string WhyNoUser() {
 
 void ProvideApplicationData() {}
 
+WideString TemporaryFolder() {
+    return std::filesystem::temp_directory_path().parent_path().wstring();
+}
+
+ProfileNotes::ProfileNotes() {
+    notedLookups.clear();
+    notesLookups = true;
+}
+
+ProfileNotes::~ProfileNotes() {
+    notesLookups = false;
+}
+
+std::vector<ProfileLookup> ProfileNotes::Lookups() const {
+    return notedLookups;
+}
+
 std::filesystem::path DiskPath(const WideString& path) {
     return path;
 }
@@ -177,9 +211,11 @@ std::filesystem::path DriverFolder() {
 
 }  // namespace computer
 
-// The driver code linked into this program asks for the language through its import, which this
-// takes the place of. (The library that the spooler loads keeps its own.)
+// The driver code linked into this program asks for the language and for texts through its imports,
+// which these take the place of. (The library that the spooler loads keeps its own.)
 extern "C" {
 extern LANGID(WINAPI* __imp_GetUserDefaultUILanguage)(void);
 LANGID(WINAPI* __imp_GetUserDefaultUILanguage)(void) = computer::ChosenUiLanguage;
+extern decltype(GetPrivateProfileStringW)* __imp_GetPrivateProfileStringW;
+decltype(GetPrivateProfileStringW)* __imp_GetPrivateProfileStringW = computer::NotedProfileString;
 }

@@ -11,7 +11,7 @@ namespace kpdtool {
 
 // Each in the file of its name.
 Declare DeclareCaps, DeclareRecord, DeclareShow, DeclareDiff, DeclareConvert, DeclareSheet,
-    DeclareSettings, DeclareDevice, DeclareAreas, DeclareLayout;
+    DeclareSettings, DeclareDevice, DeclareAreas, DeclareLanguage, DeclareLayout;
 
 namespace {
 
@@ -43,6 +43,8 @@ constexpr CommandRow kCommands[] = {
      "kpdtool device show \"Badge room\"", DeclareDevice},
     {"areas", "Name the print areas chosen for a printer, and those that the designer has",
      "kpdtool areas \"Mirv KP-41\" --printer \"Badge room\"", DeclareAreas},
+    {"language", "Check a language file for its translator: what it lacks, what is cut",
+     "kpdtool language package/languages/mvFrnkpd.ini", DeclareLanguage},
     {"layout", "Print the layout of the record as docs/record.md has it",
      "kpdtool layout > docs/record.md", DeclareLayout},
 };
@@ -52,8 +54,8 @@ constexpr char kDescription[] =
     R"(Looks into the records of the card-printer driver, and asks the driver.
 A printer that a command needs is added for its length and removed again.)";
 constexpr char kFooter[] = R"(kpdtool COMMAND --help tells more, with an example each.
-Exit status: 0 done, 1 the records differ, the driver said FALSE or an expectation failed, 2 it
-could not be done.)";
+Exit status: 0 done, 1 the records differ, the driver said FALSE, an expectation failed or a
+language file has faults, 2 it could not be done.)";
 
 /// The tool's arguments as declared, for one run.
 class CommandLine {

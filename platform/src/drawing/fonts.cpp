@@ -17,6 +17,7 @@ constexpr const char* kBoldFace = "/usr/share/wine/fonts/tahomabd.ttf";
 constexpr const char* kOtherFaces[] = {
     "/usr/share/fonts/truetype/vlgothic/VL-PGothic-Regular.ttf",
     "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
+    "/usr/share/fonts/truetype/wqy/wqy-microhei.ttc",
 };
 
 // Kept for the whole run; null when the file is missing.
@@ -106,6 +107,12 @@ bool Load(FT_Face face, char32_t character, int emHeight, bool italic, Glyph* gl
     return true;
 }
 
+// They say how the text around them runs and joins, and are never drawn.
+bool IsFormatCharacter(char32_t character) {
+    return (character >= 0x200B && character <= 0x200F) ||
+           (character >= 0x202A && character <= 0x202E);
+}
+
 }  // namespace
 
 ReadyFont::ReadyFont(bool bold, bool italic, int emHeight, int cellHeight)
@@ -128,7 +135,8 @@ ReadyFont::ReadyFont(bool bold, bool italic, int emHeight, int cellHeight)
 const Glyph& ReadyFont::GlyphOf(char32_t character) {
     const auto [it, isNew] = glyphs_.try_emplace(character);
     Glyph& glyph = it->second;
-    if (!isNew || Load(MainFace(bold), character, emHeight, italic_, &glyph)) {
+    if (!isNew || IsFormatCharacter(character) ||
+        Load(MainFace(bold), character, emHeight, italic_, &glyph)) {
         return glyph;
     }
     for (const char* path : kOtherFaces) {
