@@ -6,6 +6,7 @@
 #include "tools/computer/computer.h"
 #include "tools/kpdtool/sheet/prompts.h"
 #include "tools/kpdtool/wide_text.h"
+#include "ui/common/file_dialog.h"
 #include "ui/common/language.h"
 #include "ui/common/page.h"
 #include "ui/pages/about/about_page.h"
@@ -54,20 +55,6 @@ void AddFieldMessages(std::set<Key>& keys) {
     }
 }
 
-// With it the dialog that asks for the database has its texts and then fails.
-void StoreBadDatabasePath() {
-    const WideString path = TEXT("a|b ");
-    HKEY key = nullptr;
-    const WideString name = TEXT("Printers\\") + FromUtf8(kPagesPrinter);
-    if (RegCreateKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
-                        nullptr) == ERROR_SUCCESS) {
-        RegSetValueExW(key, TEXT("UsingDatabaseFileName"), 0, REG_SZ,
-                       reinterpret_cast<const BYTE*>(path.data()),
-                       static_cast<DWORD>(path.size() * sizeof(WCHAR)));
-        RegCloseKey(key);
-    }
-}
-
 // What the Tools page says of the ribbon and of a card without a thickness.
 void ShowToolsMessages(HWND page) {
     SendDlgItemMessageW(page, IDC_RIBBON_STATUS, BM_CLICK, 0, 0);
@@ -77,21 +64,22 @@ void ShowToolsMessages(HWND page) {
     SendMessageW(page, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
 }
 
-void ShowMessages(HWND page, const std::string&) {
+void ShowMessages(HWND page, Prompts& prompts) {
     if (GetDlgItem(page, IDC_RIBBON_STATUS) != nullptr) {
         ShowToolsMessages(page);
     }
     if (GetDlgItem(page, IDC_BROWSE_DATABASE) != nullptr) {
+        prompts.AnswerFile("");
         SendMessageW(page, WM_COMMAND, IDC_BROWSE_DATABASE, 0);
     }
 }
 
-// What a field holds is looked up as well, and what a page has put together: of a printer's name,
-// of a number and its unit, of several lines, of a failure's number.
+// What a field holds is looked up as well, the number of a picture in the place of a text, and what
+// a page has put together: of a printer's name, of a number and its unit, of several lines.
 bool IsMadeUp(const WideString& key) {
-    return key.find_first_not_of(TEXT("-.0123456789")) == key.npos || key.find('\n') != key.npos ||
-           key.starts_with(TEXT("0 ")) || key.ends_with(TEXT(" Driver")) ||
-           key.ends_with(TEXT("12290 "));
+    return key.find_first_not_of(TEXT("-.0123456789")) == key.npos || key.front() == 0xFFFF ||
+           key.find('\n') != key.npos || key.starts_with(TEXT("0 ")) ||
+           key.ends_with(TEXT(" Driver"));
 }
 
 }  // namespace
@@ -99,11 +87,10 @@ bool IsMadeUp(const WideString& key) {
 std::set<Key> EveryKey() {
     const WideString none = computer::TemporaryFolder() + TEXT("\\kpdtool has none.ini");
     StringCchCopyW(LanguageFilePath, kTextLength, none.c_str());
-    const Prompts prompts;
+    Prompts prompts;
     const computer::ProfileNotes notes;
-    StoreBadDatabasePath();
-    OpenEveryPage(ShowMessages);
-    std::set<Key> keys;
+    OpenEveryPage([&](HWND page, const std::string&) { ShowMessages(page, prompts); });
+    std::set<Key> keys = {{ToUtf8(kMagneticEncodingSection), ToUtf8(kFileDialogFailure)}};
     AddFieldMessages(keys);
     for (const computer::ProfileLookup& lookup : notes.Lookups()) {
         if (lookup.file == none && !lookup.section.empty() && !IsMadeUp(lookup.key)) {

@@ -156,7 +156,7 @@ void OpenEveryPage(const LookAtPage& look) {
     const INITCOMMONCONTROLSEX classes = {sizeof(classes), ICC_WIN95_CLASSES};
     InitCommonControlsEx(&classes);
     for (const auto& kind : kKinds) {
-        const PrinterArguments names = {kind.model, kPagesPrinter};
+        const PrinterArguments names = {kind.model, "kpdtool language"};
         const TemporaryPrinter printer(names.name, names.model);
         std::vector<BYTE> noRecord;
         const OwnedContext context = MakeContext(names, printer.get(), "", noRecord);

@@ -12,9 +12,6 @@
 
 namespace kpdtool {
 
-/// The printer that the pages are for while they are open.
-inline constexpr char kPagesPrinter[] = "kpdtool language";
-
 /// `name` is the page's or dialog's title in English.
 using LookAtPage = std::function<void(HWND page, const std::string& name)>;
 
