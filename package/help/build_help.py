@@ -124,8 +124,7 @@ def read_dialogs():
 
 
 def product_version():
-    resources = (ROOT / "resources" / "kpdui.rc").read_text("utf-8")
-    return re.search(r'VALUE "ProductVersion", "([\d.]+)"', resources)[1]
+    return (ROOT / "package/version.txt").read_text("utf-8").split()[0]
 
 
 class Labels:
