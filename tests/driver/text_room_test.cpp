@@ -34,16 +34,21 @@ TEST_F(TextRoomTest, DeliveredFileOfTheUserLanguageIsClean) {
     constexpr LANGID kChina = MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED);
     constexpr LANGID kLanguages[] = {0x0407, 0x040C, 0x0410, kSpain, 0x0416, 0x0415, 0x0419,
                                      0x0411, 0x0412, 0x0404, kChina, 0x0401, 0x0429, 0x0421};
+    int measured = 0;
     for (const LANGID language : kLanguages) {
         if (!SetUiLanguage(language)) {
             continue;
         }
+        ++measured;
         InitLanguageFile();
         const std::filesystem::path file = std::filesystem::path(KPD_SOURCE_DIR) /
                                            "package/languages" /
                                            DiskPath(LanguageFilePath).filename();
         std::ostringstream said;
         EXPECT_EQ(RunKpdtool({"language", file.string()}, said, said), 0) << file << said.str();
+    }
+    if (measured == 0) {
+        GTEST_SKIP() << "a user without a language file";
     }
 }
 

@@ -62,6 +62,7 @@ class CommandLine {
   public:
     CommandLine() : app_(kDescription, "kpdtool") {
         app_.require_subcommand(1);
+        app_.allow_windows_style_options(false);  // the same arguments everywhere; "/a" is a path
         app_.footer(kFooter);
         app_.set_version_flag("--version", "kpdtool " KPD_VERSION, "Print the version and exit");
         for (const CommandRow& row : kCommands) {
