@@ -56,14 +56,16 @@ TEST(ScriptTest, RefusedLines) {
 }
 
 TEST(ScriptTest, WordsOfALine) {
-    const auto script = kpdtool::ParseScript(
-        "a.sheet", "\xEF\xBB\xBF\ttype  \"say \\\"A#1\\\" \"#3 \"C:\\x\" # \"and\" so on\r\n#\nok");
-    ASSERT_EQ(script.steps.size(), 2u);
+    const auto script = kpdtool::ParseScript("a.sheet",
+                                             "\xEF\xBB\xBF\ttype  \"say \\\"A#1\\\" \"#3 \"C:\\x\" "
+                                             "# \"and\" so on\r\n#\nok\r\npage \"A\"\r\n");
+    ASSERT_EQ(script.steps.size(), 3u);
     ASSERT_EQ(script.steps[0].words.size(), 2u);
     EXPECT_EQ(script.steps[0].words[0].text, "say \"A#1\" ");
     EXPECT_EQ(script.steps[0].words[0].occurrence, 3);
     EXPECT_EQ(script.steps[0].words[1].text, "C:\\x");
     EXPECT_EQ(script.PlaceOf(script.steps[1]), "a.sheet:3: ");
+    EXPECT_EQ(script.steps[2].words[0].text, "A");
 }
 
 std::string own;  // what the page did, beside what Note keeps

@@ -263,8 +263,11 @@ Word TakeWord(const std::string& place, std::string_view& line) {
 
 std::vector<Word> WordsIn(const std::string& place, std::string_view line) {
     std::vector<Word> words;
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
     for (;;) {
-        line.remove_prefix(std::min(line.find_first_not_of(" \t\r"), line.size()));
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
         if (line.empty() || line[0] == '#') {
             return words;
         }
