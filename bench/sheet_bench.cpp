@@ -131,7 +131,7 @@ int Compare(const WideString& cardPrinter, const WideString& postScriptPrinter, 
 int main(int argc, char** argv) {
     const WideString card = TEXT("Card printer");
     const WideString postScript = TEXT("PostScript printer");
-    std::string reason = computer::InstallPackage(KPD_PACKAGE_FOLDER);
+    std::string reason = computer::InstallPackageSources(KPD_PACKAGE_FOLDER);
     if (reason.empty()) {
         reason = computer::InstallPrinter({card, TEXT("Mirv KP-41"), {}, {}});
     }

@@ -35,4 +35,12 @@ std::string InstallPackage(const std::filesystem::path& package) {
     return error ? package.string() + ": copying the driver package: " + error.message() : "";
 }
 
+std::string InstallPackageSources(const std::filesystem::path& sources) {
+    std::string reason;
+    for (const char* part : {"languages", "pictures", "samples"}) {
+        reason = reason.empty() ? InstallPackage(sources / part) : reason;
+    }
+    return reason;
+}
+
 }  // namespace computer

@@ -90,6 +90,8 @@ class ProfileNotes {
   private:
     size_t before_ = 0;  ///< those of before, where they are noted anyway
 };
+/// The same with what is delivered as it lies in the folder `package` of this project.
+std::string InstallPackageSources(const std::filesystem::path& sources);
 
 /// Sees to it that the user has an application-data folder, as a real one has.
 void ProvideApplicationData();

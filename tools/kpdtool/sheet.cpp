@@ -149,7 +149,7 @@ void InstallPackage(const Options& options) {
     if (!options.package.empty()) {
         Require(computer::InstallPackage(PathFrom(options.package)));
     } else if (std::filesystem::exists(ofSources)) {
-        Require(computer::InstallPackage(ofSources));
+        Require(computer::InstallPackageSources(ofSources));
     }
 }
 
