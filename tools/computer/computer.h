@@ -66,6 +66,9 @@ std::filesystem::path DriverFolder();
 /// they are not there or older. Gives an empty text or the reason why not.
 std::string InstallPackage(const std::filesystem::path& package);
 
+/// The same with what is delivered as it lies in the folder `package` of this project.
+std::string InstallPackageSources(const std::filesystem::path& sources);
+
 /// A folder for a program's own files, as the platform names it, without trailing backslash.
 WideString TemporaryFolder();
 
@@ -90,8 +93,6 @@ class ProfileNotes {
   private:
     size_t before_ = 0;  ///< those of before, where they are noted anyway
 };
-/// The same with what is delivered as it lies in the folder `package` of this project.
-std::string InstallPackageSources(const std::filesystem::path& sources);
 
 /// Sees to it that the user has an application-data folder, as a real one has.
 void ProvideApplicationData();
