@@ -73,7 +73,7 @@ def read_topics():
     topics, unseen = [], set()
     for line in (HELP / "topics.txt").read_text("utf-8").splitlines():
         words = line.split()
-        if not words or words[0] == "#" or line.startswith("#"):
+        if not words or line.startswith("#"):
             continue
         if words[0] == "unseen":
             unseen.update(words[1:])
@@ -491,6 +491,8 @@ def main():
     options = parser.parse_args()
     if not options.check and not options.out:
         parser.error("--out or --check is needed")
+    if not options.check and not shutil.which("chmcmd"):
+        parser.error("the compiler chmcmd is not installed (Debian's fp-utils)")
     topics, languages = read_help(options.languages.split(","))
     if not faults and not options.check:
         options.out.mkdir(parents=True, exist_ok=True)
