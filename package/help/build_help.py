@@ -48,8 +48,14 @@ LANGUAGES = {
     "Krn": Language(0x0412, "cp949", "ks_c_5601-1987", "ko"),
 }
 
-# A session with the property sheet each, and the model that it is held with.
-SESSIONS = {"cards.sheet": "Mirv KP-41", "rewrite.sheet": "Mirv KP-43"}
+# Sessions with the property sheet: script, printer, and of which pages it gives the pictures.
+SESSIONS = (
+    ("cards.sheet", ["--model", "Mirv KP-41", "--printer", "Mirv KP-41"],
+     {"device-option", "printing-area", "color", "tools", "heating-energy", "import-export"}),
+    # Another computer's printer is not asked for its encoder, whose answer comes after the picture.
+    ("stripe.sheet", ["--model", "Mirv KP-41", "--printer", "Mirv KP-41", "--remote"], {"magnetic-encoding"}),
+    ("rewrite.sheet", ["--model", "Mirv KP-43", "--printer", "Mirv KP-43"], {"rewrite"}),
+)
 DESIGNER = "dialog = accept 1\ncalls = no\n"
 
 faults = []
@@ -370,19 +376,20 @@ def read_help(wanted):
 # ---- The compiled file --------------------------------------------------------------------------
 
 
-def make_pictures(kpdtool, language, wanted, folder):
-    """Pictures of the sheet's pages, named as their topics, those that are wanted."""
-    for script, model in SESSIONS.items():
+def make_pictures(kpdtool, language, folder):
+    """Pictures of the sheet's pages, named as their topics."""
+    for script, printer, pages in SESSIONS:
         with tempfile.TemporaryDirectory() as state:
             state = pathlib.Path(state)
             shutil.copy(ROOT / "tools" / "samples" / "printer.txt", state / "printer.txt")
             (state / "designer.txt").write_text(DESIGNER)
-            subprocess.run([kpdtool, "sheet", "--model", model, "--printer", model, "--language", language.tool,
+            subprocess.run([kpdtool, "sheet", *printer, "--language", language.tool,
                             "--device", state / "printer.txt", "--designer", state / "designer.txt",
                             "--script", HELP / "sessions" / script, "--pictures", state / "pages"],
-                           check=True, stdout=subprocess.DEVNULL)
-            for picture in (state / "pages").glob("*.png"):
-                if picture.stem in wanted:
+                           stdout=subprocess.DEVNULL)  # what fails it says itself
+            for page in pages:
+                picture = state / "pages" / f"{page}.png"
+                if picture.exists():
                     shutil.copy(picture, folder)
 
 
@@ -457,7 +464,7 @@ def compile_help(suffix, topics, pages, kpdtool, out):
         folder = pathlib.Path(folder)
         wanted = {content for page in pages.values() for kind, content in page.blocks if kind == "picture"}
         if kpdtool:
-            make_pictures(kpdtool, language, wanted, folder)
+            make_pictures(kpdtool, language, folder)
         pictures = {path.stem for path in folder.glob("*.png")}
         if kpdtool and wanted - pictures:
             fault(f"Mv{suffix}Card.chm: no picture {' '.join(sorted(wanted - pictures))}")
