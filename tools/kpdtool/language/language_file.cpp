@@ -98,9 +98,10 @@ std::string Conversions(const std::string& text) {
 
 // Of the text for a key alone.
 void CheckText(const Translation& translation, std::vector<Fault>& faults) {
-    const auto& [key, text, line] = translation;
+    const Key& key = translation.key;
+    const std::string& text = translation.text;
     const auto add = [&](const char* kind, const std::string& detail) {
-        faults.push_back({kind, line, key, detail});
+        faults.push_back({kind, translation.line, key, detail});
     };
     const std::string asked = Conversions(key.second);
     if (const std::string given = Conversions(text); given != asked) {
