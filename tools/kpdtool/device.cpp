@@ -5,6 +5,7 @@
 #include "connected_sample.h"
 #include "core/card_terms.h"
 #include "core/driver_files.h"
+#include "hidden_window.h"
 #include "text_table.h"
 #include "tool_error.h"
 #include "tools/kpdtool/records/record_report.h"
@@ -52,24 +53,7 @@ class DeviceLibrary {
 /// A window that asks and waits for the answer.
 class Asker {
   public:
-    Asker() {
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof(windowClass);
-        windowClass.lpfnWndProc = Procedure;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.lpszClassName = kClassName;
-        RegisterClassExW(&windowClass);
-        window_ = CreateWindowExW(0, kClassName, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                                  GetModuleHandleW(nullptr), nullptr);
-        if (window_ == nullptr) {
-            throw ToolError("no window can be made here");
-        }
-        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    }
-    ~Asker() {
-        DestroyWindow(window_);
-        UnregisterClassW(kClassName, GetModuleHandleW(nullptr));
-    }
+    Asker() = default;
     Asker(const Asker&) = delete;
     Asker& operator=(const Asker&) = delete;
 
@@ -78,19 +62,18 @@ class Asker {
                                          unsigned seconds) {
         answer_.reset();
         query_ = query;
-        SetTimer(window_, kTimeOver, seconds * 1000, nullptr);
+        SetTimer(window_.get(), kTimeOver, seconds * 1000, nullptr);
         timeIsOver_ = false;
-        AskDevice(query, window_, printer);
+        AskDevice(query, window_.get(), printer);
         MSG message;
         while (!answer_ && !timeIsOver_ && GetMessageW(&message, nullptr, 0, 0)) {
             DispatchMessageW(&message);
         }
-        KillTimer(window_, kTimeOver);
+        KillTimer(window_.get(), kTimeOver);
         return answer_;
     }
 
   private:
-    static constexpr WCHAR kClassName[] = TEXT("KpdtoolDevice");
     static constexpr UINT_PTR kTimeOver = 1;
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -110,11 +93,11 @@ class Asker {
             const auto* bytes = static_cast<const BYTE*>(data.lpData);
             answer_.emplace(bytes, bytes + (bytes == nullptr ? 0 : data.cbData));
             // A loop waits for posted messages, and this one was sent.
-            PostMessageW(window_, WM_APP, 0, 0);
+            PostMessageW(window_.get(), WM_APP, 0, 0);
         }
     }
 
-    HWND window_ = nullptr;
+    HiddenWindow window_{TEXT("KpdtoolDevice"), Procedure, this};
     DeviceQuery query_ = {};
     bool timeIsOver_ = false;
     std::optional<std::vector<BYTE>> answer_;

@@ -5,6 +5,7 @@
 #include "core/page_table.h"
 #include "resources/resource.h"
 #include "tools/computer/sample_library.h"
+#include "tools/kpdtool/hidden_window.h"
 #include "tools/kpdtool/printer_context.h"
 #include "tools/kpdtool/temporary_printer.h"
 #include "tools/kpdtool/tool_error.h"
@@ -64,20 +65,7 @@ class DialogVisit {
     /// The dialog is known by a control.
     DialogVisit(int control, const std::string& name, const LookAtPage& look)
         : control_(control), name_(name), look_(look) {
-        WNDCLASSEXW windowClass = {};
-        windowClass.cbSize = sizeof(windowClass);
-        windowClass.lpfnWndProc = Procedure;
-        windowClass.hInstance = GetModuleHandleW(nullptr);
-        windowClass.lpszClassName = kClassName;
-        RegisterClassExW(&windowClass);
-        window_ = CreateWindowExW(0, kClassName, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                                  GetModuleHandleW(nullptr), nullptr);
-        SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        PostMessageW(window_, WM_APP, 0, 0);
-    }
-    ~DialogVisit() {
-        DestroyWindow(window_);
-        UnregisterClassW(kClassName, GetModuleHandleW(nullptr));
+        PostMessageW(window_.get(), WM_APP, 0, 0);
     }
     DialogVisit(const DialogVisit&) = delete;
     DialogVisit& operator=(const DialogVisit&) = delete;
@@ -90,8 +78,6 @@ class DialogVisit {
     }
 
   private:
-    static constexpr WCHAR kClassName[] = TEXT("KpdtoolVisit");
-
     static BOOL CALLBACK TakeDialog(HWND window, LPARAM given) {
         auto& visit = *reinterpret_cast<DialogVisit*>(given);
         if (GetDlgItem(window, visit.control_) == nullptr) {
@@ -116,7 +102,7 @@ class DialogVisit {
     const int control_;
     const std::string name_;
     const LookAtPage& look_;
-    HWND window_ = nullptr;
+    HiddenWindow window_{TEXT("KpdtoolVisit"), Procedure, this};
     HWND dialog_ = nullptr;
 };
 

@@ -10,7 +10,6 @@
 namespace kpdtool {
 namespace {
 
-constexpr WCHAR kClassName[] = TEXT("KpdtoolSteps");
 constexpr UINT kRun = WM_APP;
 // Takes one turn more, so that what a step has posted is handled before the next step.
 constexpr UINT kPass = WM_APP + 1;
@@ -50,24 +49,7 @@ HWND FindThreadWindow(WNDENUMPROC procedure) {
 SheetRun::SheetRun(const Script& script, std::span<const SheetPage> pages,
                    const std::string& pictures, int lastButton, std::ostream& out)
     : script_(script), pages_(pages), pictures_(pictures), lastButton_(lastButton), out_(out) {
-    WNDCLASSEXW windowClass = {};
-    windowClass.cbSize = sizeof(windowClass);
-    windowClass.lpfnWndProc = Procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = kClassName;
-    RegisterClassExW(&windowClass);
-    window_ = CreateWindowExW(0, kClassName, nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
-    if (window_ == nullptr) {
-        throw ToolError("no window can be made here");
-    }
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    PostMessageW(window_, kRun, 0, 0);
-}
-
-SheetRun::~SheetRun() {
-    DestroyWindow(window_);
-    UnregisterClassW(kClassName, GetModuleHandleW(nullptr));
+    PostMessageW(window_.get(), kRun, 0, 0);
 }
 
 void SheetRun::StartKeys(HWND control, WPARAM key, long long count) {
@@ -82,7 +64,7 @@ void SheetRun::PressKey(HWND target) {
     --keysLeft_;
     PostMessageW(target, WM_KEYDOWN, key_, 1);
     PostMessageW(target, WM_KEYUP, key_, static_cast<LPARAM>(0xC0000001));
-    PostMessageW(window_, kPressKey, 0, 0);
+    PostMessageW(window_.get(), kPressKey, 0, 0);
 }
 
 // The key before it is done with. The next goes where that has left the focus.
@@ -105,18 +87,18 @@ LRESULT CALLBACK SheetRun::Procedure(HWND window, UINT message, WPARAM wParam, L
 
 void SheetRun::Handle(UINT message) {
     if (message == kPass) {
-        PostMessageW(window_, kRun, 0, 0);
+        PostMessageW(window_.get(), kRun, 0, 0);
         return;
     }
     if (message == kPressKey) {
         PressNextKey();
         return;
     }
-    KillTimer(window_, kRetry);
+    KillTimer(window_.get(), kRetry);
     if (IsReady()) {
         RunNext();
     } else {
-        SetTimer(window_, kRetry, kRetryDelay, nullptr);
+        SetTimer(window_.get(), kRetry, kRetryDelay, nullptr);
     }
 }
 
@@ -157,7 +139,7 @@ void SheetRun::RunNext() {
         return;
     }
     // Before the step: it may open a dialog, whose loop goes on with the next one.
-    PostMessageW(window_, kPass, 0, 0);
+    PostMessageW(window_.get(), kPass, 0, 0);
     running_.push_back(CurrentDialog());
     try {
         DoNext();

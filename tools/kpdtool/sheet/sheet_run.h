@@ -5,6 +5,7 @@
 #include "prompts.h"
 #include "script.h"
 #include "sheet_controls.h"
+#include "tools/kpdtool/hidden_window.h"
 
 #include <windows.h>
 
@@ -37,7 +38,6 @@ class SheetRun {
     /// has pressed one.
     SheetRun(const Script& script, std::span<const SheetPage> pages, const std::string& pictures,
              int lastButton, std::ostream& out);
-    ~SheetRun();
     SheetRun(const SheetRun&) = delete;
     SheetRun& operator=(const SheetRun&) = delete;
 
@@ -112,7 +112,7 @@ class SheetRun {
     const int lastButton_;
     std::ostream& out_;
     Prompts prompts_;
-    HWND window_ = nullptr;  ///< of our own, never seen: the steps are messages to it
+    HiddenWindow window_{TEXT("KpdtoolSteps"), Procedure, this};  ///< the steps are messages to it
     HWND sheet_ = nullptr;
     size_t next_ = 0;
     HWND keyboard_ = nullptr;  ///< where the step before is pressing keys, until it is done
