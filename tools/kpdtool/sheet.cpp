@@ -249,7 +249,8 @@ Run DeclareSheet(CLI::App& command) {
     AddOut(command, options->out);
     command.add_option("--script", options->script, "The steps");
     command.add_option("--pictures", options->pictures,
-                       "Write a picture of every page to this folder before closing");
+                       "Write a picture of every page to this folder before closing, and those that "
+                       "the script takes");
     return [options](std::ostream& out, std::ostream& notes) {
         NoteModel(notes, options->printer);
         return RunSheet(*options, out);

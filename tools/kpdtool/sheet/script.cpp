@@ -46,6 +46,7 @@ constexpr Form kForms[] = {
     {Verb::kExpectField, "expect field FIELD VALUE"},
     {Verb::kExpectMessage, "expect message TEXT"},
     {Verb::kPrintControls, "print controls"},
+    {Verb::kPicture, "picture TEXT"},
     {Verb::kApply, "apply"},
     {Verb::kOk, "ok"},
     {Verb::kCancel, "cancel"},

@@ -35,6 +35,7 @@ enum class Verb : BYTE {
     kExpectField,
     kExpectMessage,
     kPrintControls,
+    kPicture,
     kApply,
     kOk,
     kCancel,

@@ -96,9 +96,11 @@ class SheetRun {
     void ExpectField(const Step& step);
     void ExpectMessage(const Step& step);
     void PrintControls(const Step& step);
+    void TakePicture(const Step& step);
     void PressButton(const Step& step);
     void Press(int button);
     void TakePictures();
+    void WritePictureOf(HWND window, const std::string& title);
 
     struct StepRow {
         Verb verb;

@@ -149,6 +149,7 @@ const SheetRun::StepRow SheetRun::kSteps[] = {
     {Verb::kExpectField, &SheetRun::ExpectField},
     {Verb::kExpectMessage, &SheetRun::ExpectMessage},
     {Verb::kPrintControls, &SheetRun::PrintControls},
+    {Verb::kPicture, &SheetRun::TakePicture},
     {Verb::kApply, &SheetRun::PressButton},
     {Verb::kOk, &SheetRun::PressButton},
     {Verb::kCancel, &SheetRun::PressButton},
@@ -156,7 +157,7 @@ const SheetRun::StepRow SheetRun::kSteps[] = {
 
 void SheetRun::Do(const Step& step) {
     const bool acts = !IsExpectation(step.verb) && step.verb != Verb::kAnswer &&
-                      step.verb != Verb::kPrintControls;
+                      step.verb != Verb::kPrintControls && step.verb != Verb::kPicture;
     if (acts) {
         messages_.clear();
         pressed_ = false;
@@ -411,23 +412,34 @@ void SheetRun::TakePictures() {
         return;
     }
     picturesTaken_ = true;
-    const std::filesystem::path folder = PathFrom(pictures_);
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
     const int before = CurrentTab();
     const int count = TabCount();
     for (int tab = 0; tab < count; ++tab) {
         ShowTab(tab);
-        HandlePaints();
         const SheetPage* page = PageOf(tab);
-        const std::string name =
-            FileNameOf(page == nullptr ? "page " + std::to_string(tab + 1) : page->title);
-        if (!WritePicture(folder / name, PictureOf(sheet_))) {
-            throw ToolError(pictures_ + '/' + name + ": cannot be written");
-        }
-        written_.push_back(name);
+        WritePictureOf(sheet_, page == nullptr ? "page " + std::to_string(tab + 1) : page->title);
     }
     ShowTab(before);
+}
+
+// What is in front: the sheet, or a dialog opened from it.
+void SheetRun::TakePicture(const Step& step) {
+    if (!pictures_.empty()) {
+        HWND dialog = ModalDialog();
+        WritePictureOf(dialog != nullptr ? dialog : sheet_, step.words[0].text);
+    }
+}
+
+void SheetRun::WritePictureOf(HWND window, const std::string& title) {
+    const std::filesystem::path folder = PathFrom(pictures_);
+    std::error_code ignored;
+    std::filesystem::create_directories(folder, ignored);
+    HandlePaints();
+    const std::string name = FileNameOf(title);
+    if (!WritePicture(folder / name, PictureOf(window))) {
+        throw ToolError(pictures_ + '/' + name + ": cannot be written");
+    }
+    written_.push_back(name);
 }
 
 // ---- Expecting --------------------------------------------------------------------------------
@@ -514,8 +526,11 @@ void SheetRun::PrintControls(const Step&) {
     TextTable table;
     table.Heading(WindowText(CurrentDialog()));
     for (const Control& control : Controls()) {
-        const std::string text = control.english.empty() ? control.shown : control.english;
+        // A field's label is before it. What a page has put in the place of a text is what counts.
         const bool field = (control.kind & kFields) != 0;
+        const bool replaced = !field && !Reads(control.shown, control.english);
+        const std::string text =
+            replaced || control.english.empty() ? control.shown : control.english;
         table.Row({ControlName(control.id), ClassOf(control.window), Quoted(text),
                    field ? Quoted(ValueOf(control)) : "", StateOf(control)});
     }
