@@ -202,7 +202,7 @@ class Page:
         elif re.match(r"\d+\. ", first):
             self.blocks.append(("ol", self.items(lines, r"\d+\. ")))
         elif first.startswith("| "):
-            self.blocks.append(("table", [row.strip("| ").split(" | ") for row in lines]))
+            self.blocks.append(("table", [[cell.strip() for cell in row.strip()[1:-1].split(" | ")] for row in lines]))
         elif first.startswith("> "):
             self.blocks.append(("note", self.joined(line.lstrip("> ") for line in lines)))
         elif any(line.startswith(": ") for line in lines):
@@ -290,7 +290,7 @@ class Page:
                 yield f"<table>\n{lines}</table>"
             elif kind == "picture":
                 if content in pictures:
-                    yield f'<p><img src="{content}.png" alt="{html.escape(self.title)}"></p>'
+                    yield f'<p class="picture"><img src="{content}.png" alt="{html.escape(self.title)}"></p>'
             elif kind == "note":
                 yield f'<p class="note">{self.inline(content, titles)}</p>'
             else:

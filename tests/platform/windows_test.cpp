@@ -269,6 +269,12 @@ TEST_F(WindowsTest, WhatIsInvalidIsPaintedFromTheOutsideIn) {
     test::HandlePosted();
     EXPECT_EQ(Logged(), "a.paint0,0,50,20") << "the parent is not concerned";
 
+    const RECT placeOfA = {10, 10, 60, 30};
+    InvalidateRect(top_, &placeOfA, TRUE);
+    UpdateWindow(a);
+    EXPECT_EQ(Logged(), "a.paint0,0,50,20");
+    EXPECT_FALSE(GetUpdateRect(top_, nullptr, FALSE)) << "or it would draw over the child";
+
     SetWindowLongW(top_, GWL_STYLE, GetWindowLongW(top_, GWL_STYLE) | WS_CLIPCHILDREN);
     Logged();
     InvalidateRect(top_, nullptr, TRUE);

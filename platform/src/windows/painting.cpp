@@ -213,6 +213,21 @@ void EraseWith(Window& window, HDC context) {
     }
 }
 
+// What a child paints before the windows around it have is painted for them, too: they do not draw
+// over it any more.
+void TakeFromParents(const Window& child, const Region& painted) {
+    const POINT origin = host::ClientOriginOf(child);
+    for (Window* at = child.parent; at != nullptr; at = at->parent) {
+        if (ClipsChildren(*at)) {
+            continue;
+        }
+        const POINT its = host::ClientOriginOf(*at);
+        for (const RECT& part : painted) {
+            host::KeepOutside(at->update, Shifted(part, origin.x - its.x, origin.y - its.y));
+        }
+    }
+}
+
 // Paints a window and what is in it at once.
 void PaintNow(HWND handle) {
     const WindowPointer window = host::IsLive(handle) ? host::FindWindowObject(handle) : nullptr;
@@ -381,6 +396,7 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
     }
     PaintFrameNow(*window);
     const Region update = std::exchange(window->update, {});
+    TakeFromParents(*window, update);
     const HDC context = MakeContext(*window, false, &update, ClipsChildren(*window));
     window->internalPaint = false;
     if (context == nullptr) {

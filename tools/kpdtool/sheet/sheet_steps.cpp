@@ -159,6 +159,7 @@ void SheetRun::Do(const Step& step) {
     const bool acts = !IsExpectation(step.verb) && step.verb != Verb::kAnswer &&
                       step.verb != Verb::kPrintControls && step.verb != Verb::kPicture;
     if (acts) {
+        HandlePaints();  // a user sees what he acts on
         messages_.clear();
         pressed_ = false;
     }

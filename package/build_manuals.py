@@ -1,0 +1,79 @@
+#!/usr/bin/env python3
+"""Builds the manuals, PDF files such as AdvanceToolEng.pdf, from their documents in `manuals/`.
+
+    build_manuals.py --out FOLDER --kpdtool build/native/kpdtool [--languages Eng,Chs,Cht]
+    build_manuals.py --check
+
+What a document is made of is in documents.py. WeasyPrint sets the pages, as manual.css says.
+"""
+import concurrent.futures
+import html
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+
+from documents import (LANGUAGES, PACKAGE, fault, options_of, product_version, read_documents, report_faults,
+                       take_pictures)
+
+MANUALS = PACKAGE / "manuals"
+SUFFIXES = ("Eng", "Chs", "Cht")  # the driver opens the English one in all other languages
+
+SESSIONS = (
+    (MANUALS / "sessions/color.sheet", ["--model", "Mirv KP-41", "--printer", "Mirv KP-41"],
+     ["advance-tool", "heating-energy-ymcko", "heating-energy-k"]),
+    (MANUALS / "sessions/plus_r.sheet", ["--model", "Mirv KP-49", "--printer", "Mirv KP-49"], ["advance-tool-kp49"]),
+    (MANUALS / "sessions/rewrite.sheet", ["--model", "Mirv KP-43", "--printer", "Mirv KP-43"], ["advance-tool-kp43"]),
+)
+
+
+def manual_file(page, pictures):
+    version, released = product_version()
+    return (f'<!DOCTYPE html>\n<html lang="{page.language.tag}">\n<head>\n<meta charset="utf-8">\n'
+            f"<title>{html.escape(page.title)}</title>\n"
+            '<link rel="stylesheet" href="manual.css">\n'
+            f"</head>\n<body>\n<header>Mirv KP · {version} · {released}</header>\n"
+            + "\n".join(page.body({}, pictures)) + "\n</body>\n</html>\n")
+
+
+def write_sources(suffix, pages, kpdtool, folder):
+    """A language's manuals as HTML with what they need beside them."""
+    folder.mkdir()
+    shutil.copy(MANUALS / "manual.css", folder)
+    if kpdtool:
+        take_pictures(kpdtool, SESSIONS, LANGUAGES[suffix], folder)
+    pictures = {path.stem for path in folder.glob("*.png")}
+    for name, page in pages.items():
+        if kpdtool and (missing := set(page.pictures()) - pictures):
+            fault(f"{page.where}: no picture {' '.join(sorted(missing))}")
+        (folder / f"{name}.html").write_text(manual_file(page, pictures), "utf-8")
+
+
+def set_pages(source, file):
+    done = subprocess.run(["weasyprint", "--quiet", source, file], capture_output=True, text=True)
+    if done.returncode != 0 or not file.exists():
+        fault(f"{file.name}: weasyprint failed\n{done.stderr}")
+    else:
+        print(file.name)
+
+
+def main():
+    options = options_of("Builds the driver's manuals.", SUFFIXES, "weasyprint", "weasyprint")
+    _, languages = read_documents(MANUALS, options.languages, every_dialog=False)
+    if options.check:
+        return report_faults()
+    # Taking the glyphs that are used out of a Chinese font takes its time.
+    with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as setters:
+        for suffix, pages in languages.items():
+            sources = pathlib.Path(folder) / suffix
+            write_sources(suffix, pages, options.kpdtool, sources)
+            for name in pages:
+                file = name.title().replace("-", "") + f"{suffix}.pdf"
+                setters.submit(set_pages, sources / f"{name}.html", options.out / file)
+    return report_faults()
+
+
+if __name__ == "__main__":
+    sys.exit(main())
