@@ -7,7 +7,8 @@ native_packages="g++ clang cmake ninja-build googletest libbenchmark-dev libcli1
 sanitizer_packages="libclang-rt-14-dev"
 cross_packages="g++-mingw-w64-x86-64-posix"
 windows_packages="$cross_packages wine wine64 xvfb xauth"
-help_packages="fp-utils"
+# What help and manuals are made with: their compilers and the manuals' fonts.
+help_packages="fp-utils weasyprint fonts-liberation2 fonts-noto-cjk"
 
 # Installs those of the packages named that are not there.
 install_packages() {
@@ -64,4 +65,13 @@ prepare_windows() {
     mkdir -p build/wine
     touch build/wine.busy
     trap 'status=$?; wineserver --kill || true; [ $status != 0 ] || rm -f build/wine.busy' EXIT
+}
+
+# Builds the help files and manuals into build/help, with pictures that the native tool takes.
+build_documents() {
+    install_packages $native_packages $help_packages
+    build_preset native --target kpdtool
+    rm -rf build/help
+    package/build_help.py --out build/help --kpdtool build/native/kpdtool
+    package/build_manuals.py --out build/help --kpdtool build/native/kpdtool
 }

@@ -17,7 +17,7 @@ import sys
 import tempfile
 import unicodedata
 
-from documents import (LANGUAGES, PACKAGE, fault, options_of, read_dialogs, read_documents, read_list,
+from documents import (LANGUAGES, PACKAGE, fault, faults, options_of, read_dialogs, read_documents, read_list,
                        report_faults, run_session, take_pictures)
 
 HELP = PACKAGE / "help"
@@ -36,6 +36,15 @@ SESSIONS = (
 
 
 # ---- Checks -------------------------------------------------------------------------------------
+
+
+def check_commands(pages):
+    """What administrators are told to type stands in the file for them, whose commands are tested."""
+    told = {line.strip() for line in (PACKAGE / "administrators.md").read_text("utf-8").splitlines()}
+    for page in pages.values():
+        for command in (line for kind, lines in page.blocks if kind == "pre" for line in lines):
+            if command not in told:
+                fault(f"{page.where}: administrators.md has no \"{command}\"")
 
 
 def controls_of(printed):
@@ -186,11 +195,12 @@ def compile_help(suffix, topics, pages, kpdtool, out):
 def main():
     options = options_of("Builds the driver's help files.", LANGUAGES, "chmcmd", "fp-utils")
     topics, languages = read_documents(HELP, options.languages, every_dialog=True)
+    check_commands(languages["Eng"])
     if options.kpdtool:
         check_shown(options.kpdtool, topics, languages["Eng"])
-    if not options.check:
-        for suffix, pages in languages.items():
-            compile_help(suffix, topics, pages, options.kpdtool, options.out)
+    if not options.check and not faults:
+        for suffix in options.languages:
+            compile_help(suffix, topics, languages[suffix], options.kpdtool, options.out)
     return report_faults()
 
 

@@ -6,16 +6,19 @@
 
 What a document is made of is in documents.py. WeasyPrint sets the pages, as manual.css says.
 """
+import base64
 import concurrent.futures
+import datetime
 import html
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
 import tempfile
 
-from documents import (LANGUAGES, PACKAGE, fault, options_of, product_version, read_documents, report_faults,
+from documents import (LANGUAGES, PACKAGE, fault, faults, options_of, product_version, read_documents, report_faults,
                        take_pictures)
 
 MANUALS = PACKAGE / "manuals"
@@ -29,13 +32,18 @@ SESSIONS = (
 )
 
 
-def manual_file(page, pictures):
+def manual_file(page, folder):
+    """The manual as HTML with its pictures in it: by a file's path it would differ from place to place."""
     version, released = product_version()
+    pictures = {path.stem: path.read_bytes() for path in folder.glob("*.png")}
+    body = re.sub(r'src="([\w-]+)\.png"',
+                  lambda match: f'src="data:image/png;base64,{base64.b64encode(pictures[match[1]]).decode()}"',
+                  "\n".join(page.body({}, pictures)))
     return (f'<!DOCTYPE html>\n<html lang="{page.language.tag}">\n<head>\n<meta charset="utf-8">\n'
             f"<title>{html.escape(page.title)}</title>\n"
             '<link rel="stylesheet" href="manual.css">\n'
             f"</head>\n<body>\n<header>Mirv KP · {version} · {released}</header>\n"
-            + "\n".join(page.body({}, pictures)) + "\n</body>\n</html>\n")
+            + body + "\n</body>\n</html>\n")
 
 
 def write_sources(suffix, pages, kpdtool, folder):
@@ -44,15 +52,17 @@ def write_sources(suffix, pages, kpdtool, folder):
     shutil.copy(MANUALS / "manual.css", folder)
     if kpdtool:
         take_pictures(kpdtool, SESSIONS, LANGUAGES[suffix], folder)
-    pictures = {path.stem for path in folder.glob("*.png")}
     for name, page in pages.items():
-        if kpdtool and (missing := set(page.pictures()) - pictures):
-            fault(f"{page.where}: no picture {' '.join(sorted(missing))}")
-        (folder / f"{name}.html").write_text(manual_file(page, pictures), "utf-8")
+        for picture in page.pictures():
+            if kpdtool and not (folder / f"{picture}.png").exists():
+                fault(f"{page.where}: no picture {picture}")
+        (folder / f"{name}.html").write_text(manual_file(page, folder), "utf-8")
 
 
 def set_pages(source, file):
-    done = subprocess.run(["weasyprint", "--quiet", source, file], capture_output=True, text=True)
+    released = datetime.datetime.fromisoformat(product_version()[1] + "+00:00")
+    done = subprocess.run(["weasyprint", "--quiet", source, file], capture_output=True, text=True,
+                          env={**os.environ, "SOURCE_DATE_EPOCH": str(int(released.timestamp()))})
     if done.returncode != 0 or not file.exists():
         fault(f"{file.name}: weasyprint failed\n{done.stderr}")
     else:
@@ -62,12 +72,12 @@ def set_pages(source, file):
 def main():
     options = options_of("Builds the driver's manuals.", SUFFIXES, "weasyprint", "weasyprint")
     _, languages = read_documents(MANUALS, options.languages, every_dialog=False)
-    if options.check:
+    if options.check or faults:
         return report_faults()
     # Taking the glyphs that are used out of a Chinese font takes its time.
     with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as setters:
-        for suffix, pages in languages.items():
-            sources = pathlib.Path(folder) / suffix
+        for suffix in options.languages:
+            pages, sources = languages[suffix], pathlib.Path(folder) / suffix
             write_sources(suffix, pages, options.kpdtool, sources)
             for name in pages:
                 file = name.title().replace("-", "") + f"{suffix}.pdf"

@@ -172,6 +172,7 @@ class Page:
     : explanation
     | cell | cell |       a table, the first line its head
     ![name]               the picture of that name
+        command           lines that stand as they are, indented by four blanks
     > note
     """
 
@@ -197,6 +198,9 @@ class Page:
             self.blocks.append((f"h{len(match[1])}", match[2]))
         elif match := re.fullmatch(r"!\[([\w-]+)\]", first):
             self.blocks.append(("picture", match[1]))
+        elif first.startswith("    "):
+            self.blocks.append(("pre", [line[4:] for line in lines]))
+            return  # no labels are meant here
         elif first.startswith("- "):
             self.blocks.append(("ul", self.items(lines, r"- ")))
         elif re.match(r"\d+\. ", first):
@@ -252,7 +256,7 @@ class Page:
 
     def shape(self):
         """What translations have in common: the kinds of blocks and how long each list is."""
-        return [(kind, content if kind == "picture" else
+        return [(kind, content if kind in ("picture", "pre") else
                  0 if isinstance(content, str) else len(content))
                 for kind, content in self.blocks]
 
@@ -291,6 +295,8 @@ class Page:
             elif kind == "picture":
                 if content in pictures:
                     yield f'<p class="picture"><img src="{content}.png" alt="{html.escape(self.title)}"></p>'
+            elif kind == "pre":
+                yield "<pre>" + html.escape("\n".join(content), quote=False) + "</pre>"
             elif kind == "note":
                 yield f'<p class="note">{self.inline(content, titles)}</p>'
             else:
@@ -342,8 +348,8 @@ def check_language(folder, suffix, pages, english, names):
 
 
 def read_documents(folder, wanted, every_dialog):
-    """The documents of a folder and, of each wanted language, its pages by the documents' names;
-    checked. English is always read, since the others are compared with it. `every_dialog` of the
+    """The documents of a folder and, of English and each wanted language, its pages by the documents'
+    names; checked, the other languages against English. `every_dialog` of the
     driver has to be explained, or those alone that documents.txt names."""
     documents, unseen, plain = read_list(folder)
     files = {suffix: file for suffix in LANGUAGES if (file := read_language_file(suffix))}
@@ -357,7 +363,7 @@ def read_documents(folder, wanted, every_dialog):
     for suffix, pages in texts.items():
         check_language(folder, suffix, pages, texts["Eng"], [document.name for document in documents])
     check_dialogs(documents, unseen | plain, texts["Eng"], every_dialog)
-    return documents, {suffix: texts[suffix] for suffix in wanted}
+    return documents, texts
 
 
 # ---- Sessions with the sheet ----------------------------------------------------------------------

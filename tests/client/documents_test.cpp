@@ -1,0 +1,230 @@
+// Help and manuals as users meet them: a press of a button in the sheet of an installed printer, and
+// the platform shows the file that belongs to it.
+#include <windows.h>
+#include <gtest/gtest.h>
+
+#include <prsht.h>
+#include <winspool.h>
+
+#include "core/device_mode.h"
+#include "core/driver_files.h"
+#include "core/ui_language.h"
+#include "resources/resource.h"
+#include "tools/computer/computer.h"
+#include "tools/computer/sample_library.h"
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+
+namespace test {
+namespace {
+
+namespace fs = std::filesystem;
+using WideString = std::basic_string<WCHAR>;
+
+const fs::path kDocuments = fs::absolute(KPD_DOCUMENTS);
+const fs::path kSources = fs::absolute(KPD_SOURCE_DIR);
+
+/// The rest of the first line that begins so, empty when there is none.
+WideString LineOf(const fs::path& path, std::string_view beginning) {
+    std::ifstream file(path, std::ios::binary);
+    WCHAR rest[MAX_PATH] = {};
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with(beginning)) {
+            MultiByteToWideChar(CP_UTF8, 0, line.c_str() + beginning.size(), -1, rest, MAX_PATH);
+            break;
+        }
+    }
+    return rest;
+}
+
+/// The title of the help of a language, which the viewer shows: that of its first topic.
+WideString HelpTitle(const fs::path& suffix) {
+    return LineOf(kSources / "package/help" / suffix / "welcome.txt", "# ");
+}
+
+HWND Viewer() {
+    return FindWindowW(TEXT("HH Parent"), nullptr);
+}
+
+WideString TitleOf(HWND window) {
+    WCHAR text[MAX_PATH] = {};
+    GetWindowTextW(window, text, MAX_PATH);
+    return text;
+}
+
+void HandlePosted() {
+    for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+/// Handles messages until it holds; false when it does not for a minute.
+bool Await(const std::function<bool()>& condition) {
+    for (int turns = 0; turns < 3000; ++turns) {
+        HandlePosted();
+        if (condition()) {
+            return true;
+        }
+        Sleep(20);
+    }
+    return false;
+}
+
+// What is done in the sheet, from within its message loop; a timer's procedure has no parameter.
+std::function<void(HWND)> inSheet;
+UINT_PTR timer;
+
+BOOL CALLBACK TakeSheet(HWND window, LPARAM found) {
+    if (IsWindowVisible(window) && SendMessageW(window, PSM_GETCURRENTPAGEHWND, 0, 0) != 0) {
+        *reinterpret_cast<HWND*>(found) = window;
+    }
+    return TRUE;
+}
+
+void CALLBACK StartInSheet(HWND, UINT, UINT_PTR, DWORD) {
+    HWND sheet = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), TakeSheet, reinterpret_cast<LPARAM>(&sheet));
+    if (sheet != nullptr) {
+        KillTimer(nullptr, timer);
+        inSheet(sheet);
+        PostMessageW(sheet, PSM_PRESSBUTTON, PSBTN_CANCEL, 0);
+    }
+}
+
+HWND ShowPage(HWND sheet, int dialog) {
+    SendMessageW(sheet, PSM_SETCURSELID, 0, dialog);
+    const LRESULT page = SendMessageW(sheet, PSM_GETCURRENTPAGEHWND, 0, 0);
+    const LRESULT index = SendMessageW(sheet, PSM_HWNDTOINDEX, static_cast<WPARAM>(page), 0);
+    EXPECT_EQ(SendMessageW(sheet, PSM_INDEXTOID, static_cast<WPARAM>(index), 0), dialog);
+    return reinterpret_cast<HWND>(page);
+}
+
+class DocumentsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_EQ(computer::InstallPackageSources(kSources / "package"), "");
+        ASSERT_EQ(computer::InstallPackage(kDocuments), "");
+        ASSERT_EQ(Viewer(), nullptr) << "one is open already";
+    }
+    void TearDown() override {
+        computer::RemovePrinter(name_);
+        for (const auto& file : fs::directory_iterator(kDocuments)) {
+            std::error_code ignored;
+            fs::remove(computer::DriverFolder() / file.path().filename(), ignored);
+        }
+    }
+
+    void RunSheet(const WCHAR* model, std::function<void(HWND)> body) {
+        ASSERT_EQ(computer::InstallPrinter({name_, model}), "");
+        HANDLE printer = nullptr;
+        ASSERT_TRUE(OpenPrinterW(name_.data(), &printer, nullptr));
+        inSheet = std::move(body);
+        timer = SetTimer(nullptr, 0, 20, StartInSheet);
+        DevModeRecord record = {};
+        DocumentPropertiesW(nullptr, printer, name_.data(), &record.Public, nullptr,
+                            DM_IN_PROMPT | DM_OUT_BUFFER);
+        ClosePrinter(printer);
+    }
+
+    // Presses Help, reads the viewer's title and closes it.
+    static void ExpectHelp(HWND sheet, const WideString& title) {
+        PostMessageW(sheet, PSM_PRESSBUTTON, PSBTN_HELP, 0);
+        ASSERT_TRUE(Await([&] { return TitleOf(Viewer()) == title; }))
+            << "the viewer's title is " << fs::path(TitleOf(Viewer()));
+        PostMessageW(Viewer(), WM_CLOSE, 0, 0);
+        ASSERT_TRUE(Await([] { return Viewer() == nullptr; }));
+    }
+
+    WideString name_ = TEXT("Reader's card printer");
+};
+
+TEST_F(DocumentsTest, EveryPagesHelpIsShown) {
+    const struct {
+        const WCHAR* model;
+        std::vector<int> pages;
+    } cases[] = {{TEXT("Mirv KP-41"),
+                  {IDD_DEVICE_OPTIONS, IDD_PRINTING_AREA, IDD_COLOR, IDD_TOOLS,
+                   IDD_MAGNETIC_ENCODING, IDD_IMPORT_EXPORT, IDD_ABOUT}},
+                 {TEXT("Mirv KP-43"), {IDD_DEVICE_OPTIONS, IDD_TOOLS, IDD_ABOUT}}};
+    for (const auto& c : cases) {
+        RunSheet(c.model, [&](HWND sheet) {
+            for (const int page : c.pages) {
+                ShowPage(sheet, page);
+                ExpectHelp(sheet, HelpTitle("Eng"));
+            }
+        });
+    }
+}
+
+// Run in processes started with different user languages.
+TEST_F(DocumentsTest, TheHelpIsInTheUserLanguage) {
+    const std::string suffix = fs::path(HelpSuffixOf(GetUserDefaultUILanguage())).string();
+    RunSheet(TEXT("Mirv KP-41"), [&](HWND sheet) { ExpectHelp(sheet, HelpTitle(suffix)); });
+}
+
+// Wine has no program for PDF files. One that notes what it was given takes its place.
+class ManualsTest : public DocumentsTest {
+  protected:
+    void SetUp() override {
+        DocumentsTest::SetUp();
+        SetDefault(TEXT("Software\\Classes\\.pdf"), TEXT("KpdTestManual"));
+        SetDefault(TEXT("Software\\Classes\\KpdTestManual\\shell\\open\\command"),
+                   TEXT("cmd.exe /c echo %1>\"") + note_.wstring() + TEXT("\""));
+    }
+    void TearDown() override {
+        RegDeleteTreeW(HKEY_CURRENT_USER, TEXT("Software\\Classes\\.pdf"));
+        RegDeleteTreeW(HKEY_CURRENT_USER, TEXT("Software\\Classes\\KpdTestManual"));
+        DocumentsTest::TearDown();
+    }
+
+    static void SetDefault(const WCHAR* key, const WideString& value) {
+        EXPECT_EQ(RegSetKeyValueW(HKEY_CURRENT_USER, key, nullptr, REG_SZ, value.c_str(),
+                                  static_cast<DWORD>((value.size() + 1) * sizeof(WCHAR))),
+                  ERROR_SUCCESS);
+    }
+
+    void ExpectManual(HWND dialog, int button, const WCHAR* file) {
+        std::error_code ignored;
+        fs::remove(note_, ignored);
+        PostMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+        EXPECT_TRUE(Await([&] { return !LineOf(note_, "").empty(); }));
+        WCHAR path[kDriverPathLength];
+        DriverFilePath(path, file);
+        EXPECT_NE(LineOf(note_, "").find(path), WideString::npos) << fs::path(LineOf(note_, ""));
+        std::ifstream manual(path, std::ios::binary);
+        std::string head(5, ' ');
+        manual.read(head.data(), 5);
+        EXPECT_EQ(head, "%PDF-") << fs::path(path);
+    }
+
+    const fs::path note_ = fs::temp_directory_path() / "kpd_opened.txt";
+};
+
+TEST_F(ManualsTest, BothAreOpenedInTheUserLanguage) {
+    const computer::SamplePrinter printer("");
+    ASSERT_EQ(printer.Reason(), "");
+    const WORD language = PRIMARYLANGID(GetUserDefaultUILanguage());
+    const bool simplified = SUBLANGID(GetUserDefaultUILanguage()) == SUBLANG_CHINESE_SIMPLIFIED;
+    const WideString suffix = language != LANG_CHINESE ? TEXT("Eng.pdf")
+                              : simplified             ? TEXT("Chs.pdf")
+                                                       : TEXT("Cht.pdf");
+    RunSheet(TEXT("Mirv KP-41"), [&](HWND sheet) {
+        ExpectManual(ShowPage(sheet, IDD_HEATING_ENERGY), IDC_HEATING_DESCRIPTION,
+                     (TEXT("HeatingEnergy") + suffix).c_str());
+        PostMessageW(GetDlgItem(ShowPage(sheet, IDD_TOOLS), IDC_ADVANCE_TOOL), BM_CLICK, 0, 0);
+        HWND tool = nullptr;
+        ASSERT_TRUE(Await([&] {
+            tool = GetLastActivePopup(sheet);
+            return tool != sheet && GetDlgItem(tool, IDC_MOTOR_DESCRIPTION) != nullptr;
+        }));
+        ExpectManual(tool, IDC_MOTOR_DESCRIPTION, (TEXT("AdvanceTool") + suffix).c_str());
+        SendMessageW(tool, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_TRUE(Await([&] { return IsWindowEnabled(sheet) != FALSE; }));
+    });
+}
+
+}  // namespace
+}  // namespace test
