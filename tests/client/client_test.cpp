@@ -7,6 +7,7 @@
 #include <winspool.h>
 
 #include "core/device_mode.h"
+#include "sheet_session.h"
 #include "tools/computer/computer.h"
 
 #include <cstring>
@@ -148,29 +149,11 @@ TEST_F(ClientTest, UserLanguageReachesTheRecord) {
     EXPECT_EQ(record.Private.SkinTone, simplified ? 2 : 1);
 }
 
-// ---- The sheet --------------------------------------------------------------------------------
-
-WPARAM button;  // to be pressed; the timer's procedure has no parameter
-
-BOOL CALLBACK PressIfSheet(HWND window, LPARAM) {
-    if (IsWindowVisible(window) && SendMessageW(window, PSM_GETCURRENTPAGEHWND, 0, 0) != 0) {
-        PostMessageW(window, PSM_PRESSBUTTON, button, 0);
-    }
-    return TRUE;
-}
-
-void CALLBACK PressButton(HWND, UINT, UINT_PTR, DWORD) {
-    EnumThreadWindows(GetCurrentThreadId(), PressIfSheet, 0);
-}
-
 TEST_F(ClientTest, TheSheetOpensForAnApplication) {
     for (const bool accepts : {true, false}) {
-        button = accepts ? PSBTN_OK : PSBTN_CANCEL;
         DevModeRecord record = {};
-        const UINT_PTR timer = SetTimer(nullptr, 0, 20, PressButton);
-        // The result does not tell: Wine's client gives IDOK for both.
-        EXPECT_GT(Properties(&record.Public, nullptr, DM_IN_PROMPT | DM_OUT_BUFFER), 0);
-        KillTimer(nullptr, timer);
+        RunSheetOf(
+            name_, record, [](HWND) {}, accepts ? PSBTN_OK : PSBTN_CANCEL);
         EXPECT_EQ(record.Public.dmSize, accepts ? kPublicSize : 0);
     }
 }

@@ -4,11 +4,14 @@
 #include <windows.h>
 #include <gtest/gtest.h>
 
+#include <prsht.h>
 #include <setupapi.h>
 #include <winspool.h>
 
 #include "core/device_mode.h"
 #include "core/driver_files.h"
+#include "resources/resource.h"
+#include "sheet_session.h"
 #include "tools/computer/computer.h"
 #include "ui/pages/about/driver_version.h"
 #include "version.h"
@@ -216,13 +219,30 @@ TEST_F(PackageTest, HasWhatTheDriverOpensByName) {
 }
 
 // With a driver on this computer and with that of a printer on another.
-TEST_F(PackageTest, TheAboutPageFindsItsVersion) {
+TEST_F(PackageTest, TheVersionIsFound) {
     InstallDriver(TEXT("Mirv KP-41"));
     for (const bool isRemotePrinter : {false, true}) {
         DriverVersion found = {};
         ASSERT_TRUE(FindDriverVersion(isRemotePrinter, kModelCode, found));
         EXPECT_EQ(fs::path(found.Version).string(), KPD_VERSION);
         EXPECT_EQ(fs::path(found.Date).string(), KPD_RELEASED);
+    }
+}
+
+TEST_F(PackageTest, TheSheetsOfItsPrintersShowTheVersion) {
+    for (const WCHAR* model : {TEXT("Mirv KP-41"), TEXT("Mirv KP-430e"), TEXT("Mirv KP-511")}) {
+        InstallDriver(model);
+        AddPrinterOf(model);
+        DevModeRecord record = {};
+        WCHAR version[MAX_PATH] = {};
+        RunSheetOf(
+            PrinterOf(model), record,
+            [&](HWND sheet) {
+                GetDlgItemTextW(ShowPage(sheet, IDD_ABOUT), IDC_VERSION, version, MAX_PATH);
+            },
+            PSBTN_OK);
+        EXPECT_EQ(fs::path(version).string(), KPD_VERSION) << fs::path(model);
+        EXPECT_EQ(record.Private.ModelCode, kModelCode);
     }
 }
 
