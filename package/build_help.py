@@ -27,9 +27,10 @@ SESSIONS = (
     (HELP / "sessions/cards.sheet", ["--model", "Mirv KP-41", "--printer", "Mirv KP-41"],
      ["device-option", "printing-area", "color", "tools", "advance-tool", "heating-energy",
       "import-export", "settings-parts"]),
-    # Another computer's printer is not asked for its encoder, whose answer comes after the picture.
+    # Another computer's printer is not asked for its encoder, whose answer comes after the picture; and
+    # its About page needs no installed driver to tell the version.
     (HELP / "sessions/stripe.sheet", ["--model", "Mirv KP-41", "--printer", "Mirv KP-41", "--remote"],
-     ["magnetic-encoding"]),
+     ["magnetic-encoding", "about"]),
     (HELP / "sessions/rewrite.sheet", ["--model", "Mirv KP-43", "--printer", "Mirv KP-43"], ["rewrite"]),
     (HELP / "sessions/plus_r.sheet", ["--model", "Mirv KP-49", "--printer", "Mirv KP-49"], []),
 )

@@ -18,8 +18,8 @@ import subprocess
 import sys
 import tempfile
 
-from documents import (LANGUAGES, PACKAGE, fault, faults, options_of, product_version, read_documents, report_faults,
-                       take_pictures)
+from build_package import read_version
+from documents import LANGUAGES, PACKAGE, fault, faults, options_of, read_documents, report_faults, take_pictures
 
 MANUALS = PACKAGE / "manuals"
 SUFFIXES = ("Eng", "Chs", "Cht")  # the driver opens the English one in all other languages
@@ -34,7 +34,7 @@ SESSIONS = (
 
 def manual_file(page, folder):
     """The manual as HTML with its pictures in it: by a file's path it would differ from place to place."""
-    version, released = product_version()
+    version, released = read_version()
     pictures = {path.stem: path.read_bytes() for path in folder.glob("*.png")}
     body = re.sub(r'src="([\w-]+)\.png"',
                   lambda match: f'src="data:image/png;base64,{base64.b64encode(pictures[match[1]]).decode()}"',
@@ -42,7 +42,7 @@ def manual_file(page, folder):
     return (f'<!DOCTYPE html>\n<html lang="{page.language.tag}">\n<head>\n<meta charset="utf-8">\n'
             f"<title>{html.escape(page.title)}</title>\n"
             '<link rel="stylesheet" href="manual.css">\n'
-            f"</head>\n<body>\n<header>Mirv KP · {version} · {released}</header>\n"
+            f"</head>\n<body>\n<header>Mirv KP · {version} · {datetime.date(*released)}</header>\n"
             + body + "\n</body>\n</html>\n")
 
 
@@ -60,7 +60,7 @@ def write_sources(suffix, pages, kpdtool, folder):
 
 
 def set_pages(source, file):
-    released = datetime.datetime.fromisoformat(product_version()[1] + "+00:00")
+    released = datetime.datetime(*read_version()[1], tzinfo=datetime.timezone.utc)
     done = subprocess.run(["weasyprint", "--quiet", source, file], capture_output=True, text=True,
                           env={**os.environ, "SOURCE_DATE_EPOCH": str(int(released.timestamp()))})
     if done.returncode != 0 or not file.exists():

@@ -17,6 +17,7 @@ PROFILES = (".icc", ".icm")
 
 
 def read_version():
+    """The version and the day of its release as (year, month, day)."""
     version, date = (PACKAGE / "version.txt").read_text("ascii").split()
     return version, tuple(int(part) for part in date.split("-"))
 
@@ -96,4 +97,5 @@ def main():
         write_zip(options.out, options.zip)
 
 
-main()
+if __name__ == "__main__":
+    main()

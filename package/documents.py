@@ -15,6 +15,8 @@ import subprocess
 import sys
 import tempfile
 
+from build_package import SHIPPED_SETUP_FILE, read_version, setup_file
+
 PACKAGE = pathlib.Path(__file__).resolve().parent
 ROOT = PACKAGE.parent
 
@@ -122,11 +124,6 @@ def read_dialogs():
     return dialogs
 
 
-def product_version():
-    """The version and the day of its release."""
-    return (PACKAGE / "version.txt").read_text("utf-8").split()
-
-
 class Labels:
     """The texts of the driver in one language. A key that no language file has is none."""
 
@@ -137,7 +134,7 @@ class Labels:
     def text(self, key, sections, where):
         key = key.strip()
         if key == ":version":
-            return product_version()[0]
+            return read_version()[0]
         if key.startswith("="):  # one that is English for every user
             if f'"{key[1:]}' not in self.driver_texts:
                 fault(f"{where}: the driver has no text \"{key[1:]}\"")
@@ -374,10 +371,16 @@ DESIGNER = "dialog = accept 1\ncalls = no\n"
 def run_session(kpdtool, script, printer, state, *further):
     """A session with the property sheet, over the sample printer and designer; its files are in the
     folder `state`. Gives what it printed."""
+    # With the setup file in the driver directory a remote printer's About page tells the version.
+    installed = state / "installed"
+    for name in ("languages", "pictures"):
+        shutil.copytree(PACKAGE / name, installed / name)
+    (installed / SHIPPED_SETUP_FILE).write_text(setup_file([], *read_version()), "ascii")
     shutil.copy(ROOT / "tools" / "samples" / "printer.txt", state / "printer.txt")
     (state / "designer.txt").write_text(DESIGNER)
     done = subprocess.run([kpdtool, "sheet", *printer, "--device", state / "printer.txt",
-                           "--designer", state / "designer.txt", "--script", script, *further],
+                           "--designer", state / "designer.txt", "--package", installed, "--script", script,
+                           *further],
                           stdout=subprocess.PIPE, text=True)
     if done.returncode != 0:  # why, it has said itself
         fault(f"{script}: failed")
