@@ -11,6 +11,7 @@ struct ShownMessage {
     WideString text;
     WideString title;
     bool hasOwner;
+    bool keepsAll;  ///< no other window of the thread can be used meanwhile
 };
 
 void StartMessageBoxes();

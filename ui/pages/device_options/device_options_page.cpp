@@ -231,7 +231,24 @@ void DrawItem(HWND, DriverContext&, const DRAWITEMSTRUCT& item) {
     }
 }
 
+constexpr const WCHAR* kFlipTip =
+    TEXT("Prints this side as in a mirror, to be read through a clear card.");
+constexpr const WCHAR* kResinTip = TEXT(
+    "What is printed with resin black, which is crisp, and not with black mixed of the colors.");
+
 constexpr Tip kTips[] = {
+    {IDC_RIBBON,
+     TEXT("The ribbon that is in the printer. Y, M and C are its colors, K is resin black, O the "
+          "overcoat.")},
+    {IDC_K_ONLY_ON_BACK,
+     TEXT("Prints color on the front, and black of the same ribbon on the back alone.")},
+    {IDC_TRANSPARENT_CARD, TEXT("For clear cards: their sides can be printed as in a mirror.")},
+    {IDC_ORIENTATION_LOCK, TEXT("Applications cannot choose the orientation any more: when one "
+                                "does, the card is printed in landscape.")},
+    {IDC_FRONT_FLIP, kFlipTip},
+    {IDC_BACK_FLIP, kFlipTip},
+    {IDC_FRONT_RESIN, kResinTip},
+    {IDC_BACK_RESIN, kResinTip},
     {IDC_NO_WHITE_SKIP,
      TEXT("White areas are passed over quickly. Select this to have every line of "
           "the card printed at the same speed.")},

@@ -171,13 +171,15 @@ void Command(HWND dialog, DriverContext&, int control, int) {
 }
 
 constexpr auto kTips = [] {
-    std::array<Tip, std::size(kRows) + 1> tips = {};
+    std::array<Tip, std::size(kRows) + 2> tips = {};
     std::ranges::transform(kRows, tips.begin(), [](const HeatRow& row) {
         return Tip{row.Bar.Slider, row.What.Tip};
     });
-    tips.back() = {IDC_HEATING_DEFAULT,
-                   TEXT("Sets the values of every tab to 0. They are kept when the settings are "
-                        "accepted.")};
+    Tip* buttons = tips.data() + std::size(kRows);
+    buttons[0] = {IDC_HEATING_DEFAULT,
+                  TEXT("Sets the values of every tab to 0. They are kept when the settings are "
+                       "accepted.")};
+    buttons[1] = {IDC_HEATING_DESCRIPTION, TEXT("Opens the manual of this page, a PDF file.")};
     return tips;
 }();
 

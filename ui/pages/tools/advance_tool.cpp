@@ -136,8 +136,14 @@ void ShowModelsControls(HWND dialog, const DriverContext& context) {
     }
 }
 
-// What each button takes over, and when.
+// What is not plain from its text: the motors, and what each button takes over, and when.
+constexpr const WCHAR* kMotorTip =
+    TEXT("The speed of a motor; 0 is the factory's. Change it only when service asks for it.");
+
 constexpr Tip kTips[] = {
+    {IDC_MOTOR_1, kMotorTip},
+    {IDC_MOTOR_2, kMotorTip},
+    {IDC_MOTOR_DESCRIPTION, TEXT("Opens the manual of this window, a PDF file.")},
     {IDC_MOTOR_APPLY, TEXT("Sends both speeds to the printer at once.")},
     {IDC_WATERMARK_APPLY,
      TEXT("Takes the water mark over at once, even if the window is then closed without Exit.")},
