@@ -1,8 +1,19 @@
 // Messages to the user.
 #include "core/message.h"
 
-// Without an owner the box would leave the sheet to the user, who could close it behind the page
-// that goes on when the box is answered; so it keeps all windows of the thread.
+namespace {
+
+DWORD waitingThread;  // that shows a box; 0 when none does
+
+}  // namespace
+
 void ShowMessage(const WCHAR* text, const WCHAR* title, UINT icon) {
-    MessageBoxW(nullptr, text, title, icon | MB_OK | MB_TASKMODAL);
+    const DWORD before = waitingThread;
+    waitingThread = GetCurrentThreadId();
+    MessageBoxW(nullptr, text, title, icon | MB_OK);
+    waitingThread = before;
+}
+
+bool IsMessageShown() {
+    return waitingThread == GetCurrentThreadId();
 }

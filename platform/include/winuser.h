@@ -361,7 +361,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 #define MB_ICONERROR 0x10
 #define MB_ICONWARNING 0x30
 #define MB_DEFBUTTON2 0x100
-#define MB_TASKMODAL 0x2000
 #define MB_TYPEMASK 15
 
 // Static controls.

@@ -7,6 +7,7 @@
 #include <winspool.h>
 
 #include "core/device_mode.h"
+#include "resources/resource.h"
 #include "sheet_session.h"
 #include "tools/computer/computer.h"
 
@@ -155,6 +156,36 @@ TEST_F(ClientTest, TheSheetOpensForAnApplication) {
         RunSheetOf(
             name_, record, [](HWND) {}, accepts ? PSBTN_OK : PSBTN_CANCEL);
         EXPECT_EQ(record.Public.dmSize, accepts ? kPublicSize : 0);
+    }
+}
+
+// A message box belongs to no window and leaves the sheet to the user. What is pressed there then is
+// of no effect.
+TEST_F(ClientTest, TheSheetDoesNotEndBehindAMessage) {
+    constexpr int kMessageText = 0xFFFF;
+    const struct {
+        int behind;
+        int last;
+        WORD size;
+    } cases[] = {{PSBTN_CANCEL, PSBTN_OK, kPublicSize}, {PSBTN_OK, PSBTN_CANCEL, 0}};
+    for (const auto& c : cases) {
+        DevModeRecord record = {};
+        bool shown = false;
+        const auto answerMessage = [&](HWND sheet, HWND box) {
+            shown = true;
+            SendMessageW(sheet, PSM_PRESSBUTTON, static_cast<WPARAM>(c.behind), 0);
+            SendMessageW(box, WM_COMMAND, IDOK, 0);
+        };
+        const auto typeTooMany = [&](HWND sheet) {
+            HWND page = ShowPage(sheet, IDD_DEVICE_OPTIONS);
+            InNextWindowWith(kMessageText, [&](HWND box) { answerMessage(sheet, box); });
+            SetFocus(GetDlgItem(page, IDC_COPIES));
+            SetDlgItemTextW(page, IDC_COPIES, TEXT("10000"));
+            SetFocus(GetDlgItem(page, IDC_RIBBON));
+            EXPECT_TRUE(shown);
+        };
+        RunSheetOf(name_, record, typeTooMany, c.last);
+        EXPECT_EQ(record.Public.dmSize, c.size);
     }
 }
 

@@ -11,7 +11,6 @@ struct ShownMessage {
     WideString text;
     WideString title;
     bool hasOwner;
-    bool keepsAll;  ///< no other window of the thread can be used meanwhile
 };
 
 void StartMessageBoxes();

@@ -21,7 +21,7 @@ std::vector<ShownMessage> ShownMessages() {
     const std::vector<host::MessageBox>& boxes = host::MessageBoxes();
     for (size_t i = before; i < boxes.size(); ++i) {
         const host::MessageBox& box = boxes[i];
-        messages.push_back({box.text, box.title, box.hasOwner, (box.type & MB_TASKMODAL) != 0});
+        messages.push_back({box.text, box.title, box.hasOwner});
     }
     return messages;
 }

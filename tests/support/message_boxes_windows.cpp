@@ -15,22 +15,11 @@ WideString TextOf(HWND window) {
     return text;
 }
 
-BOOL CALLBACK IsOutOfUse(HWND window, LPARAM dialog) {
-    return window == reinterpret_cast<HWND>(dialog) || !IsWindowVisible(window) ||
-           !IsWindowEnabled(window);
-}
-
-bool KeepsAll(HWND dialog) {
-    return EnumThreadWindows(GetCurrentThreadId(), IsOutOfUse, reinterpret_cast<LPARAM>(dialog)) !=
-           FALSE;
-}
-
 LRESULT CALLBACK WatchDialogs(int code, WPARAM wParam, LPARAM lParam) {
     if (code == HCBT_ACTIVATE) {
         const HWND dialog = reinterpret_cast<HWND>(wParam);
         if (HWND text = GetDlgItem(dialog, kMessageTextId); text != nullptr) {
-            shown.push_back({TextOf(text), TextOf(dialog), GetWindow(dialog, GW_OWNER) != nullptr,
-                             KeepsAll(dialog)});
+            shown.push_back({TextOf(text), TextOf(dialog), GetWindow(dialog, GW_OWNER) != nullptr});
             PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         }
     }

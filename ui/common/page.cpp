@@ -1,6 +1,7 @@
 // The skeleton of a page.
 #include "ui/common/page.h"
 
+#include "core/message.h"
 #include "ui/common/help.h"
 #include "ui/common/language.h"
 #include "ui/common/localize.h"
@@ -99,6 +100,14 @@ void ReportAccepted(const DriverContext& context, PageSlot slot) {
                          reinterpret_cast<LPARAM>(context.PageHandles[slot]), CPSUI_OK);
 }
 
+// A message belongs to no window, so the sheet can be used behind it. It does not end there: the
+// page that shows the message goes on with its record afterwards.
+bool Refuses(const NMHDR& notification) {
+    const bool ends =
+        notification.code == UINT{PSN_KILLACTIVE} || notification.code == UINT{PSN_QUERYCANCEL};
+    return ends && IsMessageShown();
+}
+
 void AnswerNotification(const Page& page, HWND dialog, DriverContext& context,
                         const NMHDR& notification) {
     switch (notification.code) {
@@ -179,6 +188,10 @@ INT_PTR RunPage(const Page& page, HWND dialog, UINT message, WPARAM wParam, LPAR
     }
     switch (message) {
         case WM_NOTIFY:
+            if (Refuses(*reinterpret_cast<const NMHDR*>(lParam))) {
+                SetWindowLongPtrW(dialog, DWLP_MSGRESULT, TRUE);
+                return TRUE;
+            }
             AnswerNotification(page, dialog, *context, *reinterpret_cast<const NMHDR*>(lParam));
             return FALSE;
         case WM_PAINT:

@@ -3,23 +3,19 @@
 
 #include "host_state.h"
 
-#include <vector>
-
 namespace host {
 
 /// As long as it lives, a box that nobody sees is the active window: what had the focus has lost
-/// it, and the owner is disabled, or all windows of the program. At its end all come back.
+/// it, and the owner is disabled. At its end both come back.
 class Absence {
   public:
-    explicit Absence(HWND owner, bool ofAll = false);
+    explicit Absence(HWND owner);
     ~Absence();
     Absence(const Absence&) = delete;
     Absence& operator=(const Absence&) = delete;
 
   private:
-    void Disable(HWND top);
-
-    std::vector<HWND> disabled_;
+    HWND disabled_ = nullptr;
     HWND active_;
     HWND box_;
 };

@@ -19,8 +19,7 @@ constexpr int kButtons[][3] = {
 int Answer(UINT type) {
     const UINT kind = type & MB_TYPEMASK;
     constexpr UINT kIcons = 0xF0;
-    if ((type & ~(MB_TYPEMASK | kIcons | MB_DEFBUTTON2 | MB_TASKMODAL)) != 0 ||
-        kind >= std::size(kButtons)) {
+    if ((type & ~(MB_TYPEMASK | kIcons | MB_DEFBUTTON2)) != 0 || kind >= std::size(kButtons)) {
         host::Unsupported("MessageBoxW of type %#x", type);
     }
     const auto& buttons = kButtons[kind];
@@ -46,7 +45,7 @@ int WINAPI MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type) {
     shown.push_back({text == nullptr ? TEXT("") : text, title == nullptr ? TEXT("Error") : title,
                      type, owner != nullptr});
     const int answer = Answer(type);
-    const host::Absence box(owner, owner == nullptr && (type & MB_TASKMODAL) != 0);
+    const host::Absence box(owner);
     return answer;
 }
 
