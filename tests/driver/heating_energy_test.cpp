@@ -446,9 +446,9 @@ TEST_F(HeatingEnergyTest, TipsSayWhatASliderAdjusts) {
 
 TEST_F(HeatingEnergyTest, WhateverTheUserDoesIsShownAgain) {
     constexpr int kKeys[] = {VK_LEFT, VK_RIGHT, VK_PRIOR, VK_NEXT, VK_HOME, VK_END};
-    for (unsigned seed = 0; seed < 40; ++seed) {
+    for (int seed = 0; seed < Rounds(40); ++seed) {
         SCOPED_TRACE(seed);
-        std::mt19937 random(seed);
+        std::mt19937 random(static_cast<unsigned>(seed));
         const auto below = [&](size_t count) { return random() % count; };
         for (size_t byte = 0; byte < kTables * kEnergyTableSize; ++byte) {
             Stored(byte / 8, byte % 8) = static_cast<signed char>(below(256));

@@ -132,7 +132,7 @@ TEST_F(LaminationPageTest, ShowsEveryStoredSide) {
                                       "Back Side Lamination", "Both Sides Lamination"};
     for (const DWORD duplex : {0u, 1u}) {
         context_.IsDuplexModel = duplex;
-        for (int stored = 0; stored < 256; ++stored) {
+        for (int stored = 0; stored < 256; stored += 256 / Rounds(256)) {
             Record().LaminationSides = static_cast<BYTE>(stored);
             Open();
             const int index =
@@ -643,9 +643,9 @@ class RandomLaminationTest : public LaminationPageTest {
 };
 
 TEST_F(RandomLaminationTest, PageRecordAndLaminatorAgree) {
-    for (unsigned seed = 0; seed < 12; ++seed) {
+    for (int seed = 0; seed < Rounds(12); ++seed) {
         SCOPED_TRACE(seed);
-        random_.seed(seed);
+        random_.seed(static_cast<unsigned>(seed));
         films_ = {RandomFilm(), RandomFilm()};
         film_ = Below(2);
         sides_ = Below(4);

@@ -669,9 +669,9 @@ class RandomMagneticTest : public MagneticPageTest {
 };
 
 TEST_F(RandomMagneticTest, OpenedAgainThePageShowsTheSame) {
-    for (unsigned seed = 0; seed < 25; ++seed) {
+    for (int seed = 0; seed < Rounds(25); ++seed) {
         SCOPED_TRACE(seed);
-        random_.seed(seed);
+        random_.seed(static_cast<unsigned>(seed));
         for (BYTE* field :
              {&Record().MagCoercivity, &Record().MagEncoderSelect, &Record().MagOptions,
               &Record().MagRetryCards, &Record().MagRetryTimes}) {

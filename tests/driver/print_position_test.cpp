@@ -547,7 +547,7 @@ TEST_F(PrintPositionTest, EverythingAgreesWhateverIsDone) {
         return table;
     };
     OpenOn(2, randomTable());
-    for (int step = 0; step < 1000; ++step) {
+    for (int step = 0; step < Rounds(1000); ++step) {
         const int field = kFields[below(3)];
         switch (below(8)) {
             case 0:

@@ -301,7 +301,7 @@ TEST_F(PrintingAreaTest, KeepsWhatAnyUseHasChosen) {
     ChosenAreas areas = {standard, {{"Standard", "Standard"}, {"Standard", "Standard"}}};
     ChosenAreas stored = areas;
     Open();
-    for (int i = 0; i < 150; ++i) {
+    for (int i = 0; i < Rounds(150); ++i) {
         const int side = static_cast<int>(below(2));
         switch (below(7)) {
             case 0:
@@ -362,7 +362,7 @@ TEST_F(PrintingAreaTest, KeepsWhatAnyUseHasChosen) {
 
 TEST_F(PrintingAreaTest, EndsWithAllThatItBegan) {
     Connect("calls = no\n");
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < Rounds(100); ++i) {
         Open();
         ShowTab(i % 2);
         Notify(PSN_SETACTIVE);
@@ -394,7 +394,7 @@ std::string ExpectedSide(const DevModePrivate& record, int tab, int side, BYTE m
 TEST_F(PrintingAreaTest, OffersWhatTheRecordPrints) {
     std::mt19937 random(5);
     Open();
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < Rounds(3000); ++i) {
         const int tab = static_cast<int>(random() % 2);
         DevModePrivate& record = Record();
         record.PrintSides = static_cast<BYTE>(random() % 4);
@@ -530,7 +530,7 @@ TEST_F(PrintingAreaTest, AreasArePaintedToThePixel) {
     std::mt19937 random(7);
     PixelCanvas painted(130, 130);
     PixelCanvas stated(130, 130);
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < Rounds(300); ++i) {
         const LONG width = 90 + static_cast<LONG>(random() % 30);
         const LONG height = 90 + static_cast<LONG>(random() % 30);
         const RECT preview = {5, 3, 5 + width, 3 + height};

@@ -135,8 +135,8 @@ class RandomSessionTest : public OptionsPageTest {
 TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
     const ModelFlags models[] = {{}, kDuplexOnly, kSimplex, kKP43};
     int compared = 0;
-    for (unsigned seed = 0; seed < 100; ++seed) {
-        RandomUser user(seed);
+    for (int seed = 0; seed < Rounds(100); ++seed) {
+        RandomUser user(static_cast<unsigned>(seed));
         SCOPED_TRACE(seed);
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
         SetModel(models[seed % 4]);
@@ -168,7 +168,7 @@ TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
             EXPECT_EQ(LooksOfAll(), looks) << options << " after " << done;
         }
     }
-    EXPECT_GT(compared, 20);
+    EXPECT_GT(compared, Rounds(20));
 }
 
 // ---- Colours ----------------------------------------------------------------------------------
@@ -243,8 +243,8 @@ class RandomColorsTest : public ColorPageTest {
 TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
     StartMessageBoxes();
     int kept = 0;
-    for (unsigned seed = 0; seed < 100; ++seed) {
-        RandomUser user(seed);
+    for (int seed = 0; seed < Rounds(100); ++seed) {
+        RandomUser user(static_cast<unsigned>(seed));
         SCOPED_TRACE(seed);
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
         Spoil(user);
@@ -277,7 +277,7 @@ TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         left.Private.SkinSliderV = Record().SkinSliderV;  // by opening alone
         EXPECT_EQ(std::memcmp(&left, &context_.WorkingDevMode, sizeof(left)), 0);
     }
-    EXPECT_GT(kept, 20);
+    EXPECT_GT(kept, Rounds(20));
     StopMessageBoxes();
 }
 

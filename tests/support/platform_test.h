@@ -41,6 +41,10 @@ bool SetUiLanguage(LANGID language);
 bool SetCountry(int code);
 bool SetCodePage(UINT codePage);
 
+/// How many of so many random cases are worth their time here: natively all, on the real computer,
+/// where every window costs its requests, a part.
+int Rounds(int natively);
+
 /// ASCII text in a readable form for messages, and the way back.
 std::string Narrow(const WideString& text);
 WideString Wide(const std::string& text);

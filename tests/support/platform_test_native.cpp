@@ -26,6 +26,10 @@ std::filesystem::path DiskPath(const WideString& path) {
     return host::DiskPath(path.c_str());
 }
 
+int Rounds(int natively) {
+    return natively;
+}
+
 bool SetUiLanguage(LANGID language) {
     host::SetUiLanguage(language);
     return true;

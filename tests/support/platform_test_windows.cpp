@@ -27,6 +27,10 @@ std::filesystem::path DiskPath(const WideString& path) {
     return path;
 }
 
+int Rounds(int natively) {
+    return (natively + 4) / 5;
+}
+
 bool SetUiLanguage(LANGID language) {
     return GetUserDefaultUILanguage() == language;
 }
