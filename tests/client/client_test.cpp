@@ -159,8 +159,8 @@ TEST_F(ClientTest, TheSheetOpensForAnApplication) {
     }
 }
 
-// A message box belongs to no window and leaves the sheet to the user. What is pressed there then is
-// of no effect.
+// A message box belongs to no window and leaves the sheet to the user. What is pressed there then
+// is of no effect.
 TEST_F(ClientTest, TheSheetDoesNotEndBehindAMessage) {
     constexpr int kMessageText = 0xFFFF;
     const struct {

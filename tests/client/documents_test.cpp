@@ -123,6 +123,18 @@ TEST_F(DocumentsTest, EveryPagesHelpIsShown) {
     }
 }
 
+TEST_F(DocumentsTest, ThereAreThoseOfEveryLanguage) {
+    for (LANGID language = 0; language < MAKELANGID(0, 3); ++language) {
+        const WideString help = TEXT("Mv") + WideString(HelpSuffixOf(language)) + TEXT("Card.chm");
+        EXPECT_TRUE(fs::exists(kDocuments / help)) << fs::path(help);
+    }
+    for (const std::string manual : {"AdvanceTool", "HeatingEnergy"}) {
+        for (const std::string suffix : {"Chs", "Cht", "Eng"}) {
+            EXPECT_TRUE(fs::exists(kDocuments / (manual + suffix + ".pdf"))) << manual << suffix;
+        }
+    }
+}
+
 // Run in processes started with different user languages.
 TEST_F(DocumentsTest, TheHelpIsInTheUserLanguage) {
     const std::string suffix = fs::path(HelpSuffixOf(GetUserDefaultUILanguage())).string();

@@ -10,6 +10,7 @@
 
 #include "core/device_mode.h"
 #include "core/driver_files.h"
+#include "core/ui_language.h"
 #include "resources/resource.h"
 #include "sheet_session.h"
 #include "tools/computer/computer.h"
@@ -209,8 +210,12 @@ TEST_F(PackageTest, PrintersOfEveryModelAreInstalledFromIt) {
 TEST_F(PackageTest, HasWhatTheDriverOpensByName) {
     std::set<WideString> missing = {
         TEXT("kpdui.dll"),    TEXT("KP4xx.in_"),    TEXT("Magnetic.txt"), TEXT("CalChart.bmp"),
-        TEXT("CalPrvCn.bmp"), TEXT("CalPrvEn.bmp"), TEXT("CalPrvPt.bmp"), TEXT("CalPrvTw.bmp"),
-        TEXT("mvGerkpd.ini"), TEXT("mvJpnkpd.ini")};
+        TEXT("CalPrvCn.bmp"), TEXT("CalPrvEn.bmp"), TEXT("CalPrvPt.bmp"), TEXT("CalPrvTw.bmp")};
+    for (LANGID language = 0; language < MAKELANGID(0, 3); ++language) {
+        if (const WideString suffix = UiLanguageOf(language).Suffix; suffix != TEXT("Eng")) {
+            missing.insert(TEXT("mv") + suffix + TEXT("kpd.ini"));
+        }
+    }
     for (const WideString& file : files_) {
         missing.erase(file);
         EXPECT_EQ(setup_.Value(TEXT("SourceDisksFiles"), file.c_str()), TEXT("1"));
