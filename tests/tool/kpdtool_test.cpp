@@ -393,16 +393,22 @@ TEST_F(KpdtoolTest, SheetTellsWhatChangedAndTakesPictures) {
     DevModeRecord input = DefaultRecord();
     input.Public.dmCopies = 7;
     const std::string in = Store("in.dm", input);
-    const std::string script = Store("a.sheet", std::string("expect field dmCopies 7\n"
-                                                            "page \"About\"\nprint controls\n"));
+    const std::string script =
+        Store("a.sheet", std::string("expect field dmCopies 7\n"
+                                     "page \"Tools\"\nclick \"Advance Tool\"\n"
+                                     "picture \"In front\"\n"
+                                     "click \"Exit\"\n"
+                                     "page \"About\"\nprint controls\n"));
     const std::string out = Path("out.dm");
     const Outcome whole = Kpdtool({"sheet", "--in", in, "--script", script, "--out", out,
                                    "--pictures", Path("pages"), "--json"});
     ASSERT_EQ(whole.status, 0) << whole.err;
     const Json json = Json::parse(whole.out);
     EXPECT_EQ(json["accepted"], true);
-    EXPECT_EQ(json["pictures"].size(), 8u);
-    EXPECT_EQ(json["pictures"][6], "import-export.png");
+    EXPECT_EQ(json["pictures"].size(), 9u);
+    EXPECT_EQ(json["pictures"][0], "in-front.png");
+    EXPECT_EQ(json["pictures"][7], "import-export.png");
+    EXPECT_NE(Stored("pages/in-front.png"), Stored("pages/tools.png"));
     EXPECT_TRUE(json["printed"].get<std::string>().starts_with("About\n")) << json["printed"];
     EXPECT_TRUE(Stored("pages/import-export.png").starts_with("\x89PNG"));
     EXPECT_EQ(FieldOf(Json::parse(Kpdtool({"show", out, "--json"}).out), "dmCopies")["value"], 7);
