@@ -1,7 +1,6 @@
 // The Advance Tool dialog over a parent that stands for the Tools page.
 #include "ui/pages/tools/advance_tool.h"
 #include "lone_page.h"
-#include "message_boxes.h"
 #include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
@@ -22,10 +21,8 @@ class AdvanceToolTest : public LonePageTest {
         LonePageTest::SetUp();
         library_.emplace();
         context_.PrinterName = printer_.data();
-        WriteWideText(LanguageFilePath, TEXT(""));
     }
     void TearDown() override {
-        std::filesystem::remove(DiskPath(LanguageFilePath));
         library_.reset();
         LonePageTest::TearDown();
     }
@@ -69,10 +66,6 @@ class AdvanceToolTest : public LonePageTest {
     WideString printer_ = TEXT("Badge room");
     std::optional<DeviceLibrary> library_;  // on the fresh computer only
 };
-
-bool IsSame(const DevModeRecord& a, const DevModeRecord& b) {
-    return std::memcmp(&a, &b, sizeof(a)) == 0;
-}
 
 TEST_F(AdvanceToolTest, ShowsWhatTheModelHas) {
     const std::vector<int> groups[] = {
@@ -326,7 +319,6 @@ TEST_F(NoMotorsTest, ALibraryThatCannotBeLoadedIsReported) {
         if (isThere) {
             library = std::make_unique<DeviceLibrary>(sample);  // without the operation
         }
-        StartMessageBoxes();
         RunInLoop([&] {
             page_ = DialogWith(IDC_MOTOR_1);
             EXPECT_EQ(Looks(IDC_MOTOR_1) + Looks(IDC_MOTOR_2_VALUE), "00");
@@ -335,12 +327,8 @@ TEST_F(NoMotorsTest, ALibraryThatCannotBeLoadedIsReported) {
         });
         RunAdvanceTool(parent_, context_);
         page_ = nullptr;
-        StopMessageBoxes();
-        const std::vector<ShownMessage> shown = ShownMessages();
-        ASSERT_EQ(shown.size(), isThere ? 0u : 2u);
-        for (const ShownMessage& message : shown) {
-            EXPECT_EQ(Narrow(message.text + TEXT("|") + message.title), "Can't load library|Error");
-        }
+        const std::string missing = "Error: Can't load library\n";
+        EXPECT_EQ(TakeMessages(), isThere ? "" : missing + missing);
     }
 }
 

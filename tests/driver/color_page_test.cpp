@@ -1,7 +1,6 @@
 // The Color page: what it makes of a record when it opens, and what every choice does to the
 // record, to the controls and to the sheet.
 #include "color_page.h"
-#include "message_boxes.h"
 #include "resources/resource.h"
 #include "sheet_test.h"
 #include "ui/common/language.h"
@@ -292,84 +291,68 @@ TEST_F(ColorPageTest, GammasSliderIsFinerBelowOne) {
 
 TEST_F(ColorPageTest, GammaIsReadWhileItIsTypedAndWhenItIsLeft) {
     Open();
-    StartMessageBoxes();
-    HWND edit = Item(IDC_GAMMA);
     const struct {
         const char* typed;
         int gamma;         // while it is typed
         const char* left;  // the text when it has been left
-        size_t messages;
+        bool refused;
     } cases[] = {
-        {"1.5", 150, "1.5", 0},   {"0.0", 150, "1.50", 1}, {"", 150, "1.50", 1},
-        {"0.05", 150, "1.50", 1}, {"10", 150, "1.50", 1},  {".25", 25, ".25", 0},
-        {"9", 900, "9", 0},
+        {"1.5", 150, "1.5", false},  {"0.0", 150, "1.50", true}, {"", 150, "1.50", true},
+        {"0.05", 150, "1.50", true}, {"10", 150, "1.50", true},  {".25", 25, ".25", false},
+        {"9", 900, "9", false},
     };
     for (const auto& c : cases) {
-        const size_t shown = ShownMessages().size();
-        SetFocus(edit);
-        SetWindowTextW(edit, Wide(c.typed).c_str());
-        EXPECT_EQ(Record().Gamma, c.gamma) << c.typed;
+        SCOPED_TRACE(c.typed);
+        SetFocus(Item(IDC_GAMMA));
+        Enter(IDC_GAMMA, c.typed);
+        EXPECT_EQ(Record().Gamma, c.gamma);
         TakeChanges();
-        const size_t typed = ShownMessages().size();
+        const std::string whileTyping = TakeMessages();
         SetFocus(Item(IDC_COLOR_RESET));
         HandlePosted();
-        EXPECT_EQ(TakeChanges() > 0, ShownMessages().size() > typed) << c.typed;
-        EXPECT_EQ(Looks(IDC_GAMMA), c.left) << c.typed;
-        EXPECT_EQ(Record().Gamma, c.gamma) << c.typed;
-        EXPECT_EQ(ShownMessages().size() - shown, c.messages) << c.typed;
+        const std::string onLeaving = TakeMessages();
+        EXPECT_EQ(TakeChanges() > 0, !onLeaving.empty());
+        EXPECT_EQ(Looks(IDC_GAMMA), c.left);
+        EXPECT_EQ(Record().Gamma, c.gamma);
+        EXPECT_EQ(
+            whileTyping + onLeaving,
+            c.refused ? "Error: Press up and down button to adjust value ( 0.10 - 9.99 ).\n" : "");
     }
-    StopMessageBoxes();
 }
 
 TEST_F(ColorPageTest, FieldsSayWhatTheyTake) {
-    const auto message = [](const std::string& key, const std::string& range) {
-        return key == "Enter" ? "Enter from " + range + " ."
-                              : "Press up and down button to adjust value ( " + range + " ).";
-    };
     const struct {
         int field;
         const char* range;
         const char* refused;
         const char* before;  // of which Up or Down is too much
         int key;
-        const char* after;
     } cases[] = {
-        {IDC_BRIGHTNESS, "-100 - 100", "101", "100", VK_UP, "100"},
-        {IDC_CONTRAST, "-100 - 100", "-101", "-100", VK_DOWN, "-100"},
-        {IDC_SATURATION, "-100 - 100", "01", "100", VK_UP, "100"},
-        {IDC_CYAN, "-100 - 100", "-0", "-100", VK_DOWN, "-100"},
-        {IDC_MAGENTA, "-100 - 100", "x", "100", VK_UP, "100"},
-        {IDC_YELLOW, "-100 - 100", "1-", "-100", VK_DOWN, "-100"},
-        {IDC_SHARPNESS, "0 - 100", "-1", "0", VK_DOWN, "0"},
-        {IDC_GAMMA, "0.10 - 9.99", "10", "9.99", VK_UP, "9.99"},
+        {IDC_BRIGHTNESS, "-100 - 100", "101", "100", VK_UP},
+        {IDC_CONTRAST, "-100 - 100", "-101", "-100", VK_DOWN},
+        {IDC_SATURATION, "-100 - 100", "01", "100", VK_UP},
+        {IDC_CYAN, "-100 - 100", "-0", "-100", VK_DOWN},
+        {IDC_MAGENTA, "-100 - 100", "x", "100", VK_UP},
+        {IDC_YELLOW, "-100 - 100", "1-", "-100", VK_DOWN},
+        {IDC_SHARPNESS, "0 - 100", "-1", "0", VK_DOWN},
+        {IDC_GAMMA, "0.10 - 9.99", "10", "9.99", VK_UP},
     };
     WriteWideText(LanguageFilePath, TEXT("[Setting]\r\nError=Fehler\r\n"));
     Open();
-    StartMessageBoxes();
-    std::vector<std::string> expected;
     for (const auto& c : cases) {
-        HWND edit = Item(c.field);
-        SetFocus(edit);
-        SetWindowTextW(edit, Wide(c.before).c_str());
+        SetFocus(Item(c.field));
+        Enter(c.field, c.before);
         const std::string legal = Fields() + Sliders() + Adjustments();
-        SetWindowTextW(edit, Wide(c.refused).c_str());
-        expected.push_back(message("Press", c.range));
-        EXPECT_EQ(TextOf(edit), c.before);
+        Enter(c.field, c.refused);
+        EXPECT_EQ(TakeMessages(), "Fehler: Press up and down button to adjust value ( " +
+                                      std::string(c.range) + " ).\n");
         EXPECT_EQ(Fields() + Sliders() + Adjustments(), legal) << c.refused;
-        Press(edit, c.key);
-        expected.push_back(message("Enter", c.range));
-        EXPECT_EQ(TextOf(edit), c.after);
+        Press(Item(c.field), c.key);
+        EXPECT_EQ(TakeMessages(), "Fehler: Enter from " + std::string(c.range) + " .\n");
+        EXPECT_EQ(TextOf(Item(c.field)), c.before);
         EXPECT_EQ(Fields() + Sliders() + Adjustments(), legal) << c.refused;
-        EXPECT_EQ(GetFocus(), edit);
+        EXPECT_EQ(GetFocus(), Item(c.field));
     }
-    std::vector<std::string> texts;
-    for (const ShownMessage& shown : ShownMessages()) {
-        EXPECT_EQ(Narrow(shown.title), "Fehler");
-        texts.push_back(Narrow(shown.text));
-    }
-    EXPECT_EQ(texts, expected);
-    StopMessageBoxes();
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 TEST_F(ColorPageTest, OnlyDigitsAndTheFieldsOwnSignCanBeTyped) {

@@ -409,7 +409,6 @@ TEST_F(DeviceOptionsTest, ListsAreTranslatedAlsoWhenTheyAreFilledAnew) {
     Choose(IDC_RIBBON, kYMCKO);
     Choose(IDC_FRONT_RESIN, 2);
     EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Nur Text of 7");
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 TEST_F(DeviceOptionsTest, ACardThatEndsKOnlyOnBackLeavesTheBackEveryUse) {
@@ -464,7 +463,6 @@ TEST_F(DeviceOptionsTest, AReplacedRecordIsShownInTheUsersLanguage) {
     EXPECT_EQ(Looks(IDC_THICKNESS), "0,8 mm of 4");
     EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Raster of 2");
     EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_FRONT_COLOR)), "Farbe");
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidden) {

@@ -2,7 +2,6 @@
 // to its table, to the record, to each other and to the sheet.
 #include "ui/pages/tools/print_position.h"
 
-#include "message_boxes.h"
 #include "tools_page.h"
 
 #include <prsht.h>
@@ -20,11 +19,6 @@ class PrintPositionTest : public ToolsPageTest {
     void SetUp() override {
         ToolsPageTest::SetUp();
         InstallBridge();
-        StartMessageBoxes();
-    }
-    void TearDown() override {
-        StopMessageBoxes();
-        ToolsPageTest::TearDown();
     }
 
     void OpenOn(BYTE thickness, const CalibrationTable& table) {
@@ -32,17 +26,6 @@ class PrintPositionTest : public ToolsPageTest {
         Open();
         Answer(table);
         TakeChanges();
-    }
-
-    /// The texts and titles shown since the last call.
-    std::string Said() {
-        std::string said;
-        const std::vector<ShownMessage> messages = ShownMessages();
-        for (; seen_ < messages.size(); ++seen_) {
-            said += Narrow(messages[seen_].text) + "|" + Narrow(messages[seen_].title) +
-                    (messages[seen_].hasOwner ? "|owned" : "");
-        }
-        return said;
     }
 
     /// Current A, B, C and 16 bits of every row of the process's table.
@@ -56,9 +39,6 @@ class PrintPositionTest : public ToolsPageTest {
         }
         return rows;
     }
-
-  private:
-    size_t seen_ = 0;
 };
 
 // ---- Answers ------------------------------------------------------------------------------------
@@ -112,7 +92,7 @@ TEST_F(PrintPositionTest, WhatAnAnswerShowsAndStores) {
         EXPECT_EQ(Record().CardThickness, c.thicknessAfter);
         EXPECT_EQ(notes_->Sent, c.sent);
         EXPECT_EQ(TakeChanges(), 0);
-        EXPECT_EQ(Said(), "");
+        EXPECT_EQ(TakeMessages(), "");
         if (c.sent != 0) {
             EXPECT_EQ(std::memcmp(notes_->Table, &PrintPositions.Table, sizeof(table)), 0);
             EXPECT_EQ(Narrow(notes_->Printer), "Badge room");
@@ -134,17 +114,17 @@ TEST_F(PrintPositionTest, OtherBytesOfTheTableStayAsTheyCame) {
 
 TEST_F(PrintPositionTest, WhatIsNoAnswerChangesNothing) {
     const auto bytes = [](size_t size, BYTE first, BYTE mark) {
-        std::vector<BYTE> all(size, 3);
+        std::string all(size, 3);
         if (size > 1) {
-            all[0] = first;
-            all[1] = mark;
+            all[0] = static_cast<char>(first);
+            all[1] = static_cast<char>(mark);
         }
         return all;
     };
     const struct {
         const char* name;
         DWORD query;
-        std::vector<BYTE> bytes;
+        std::string bytes;
         bool taken;
     } cases[] = {
         {"nothing", 5, {}, false},
@@ -175,7 +155,7 @@ TEST_F(PrintPositionTest, WhatIsNoAnswerChangesNothing) {
         SendMessageW(page_, WM_COPYDATA, 0, 0);
         EXPECT_EQ(Adjuster() + Stored() + Rows(), before);
     }
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(TakeMessages(), "");
 }
 
 TEST_F(PrintPositionTest, WithoutAThicknessTheUserIsWarned) {
@@ -188,7 +168,7 @@ TEST_F(PrintPositionTest, WithoutAThicknessTheUserIsWarned) {
     table[0] = MakeRow(100, 0, 0);
     const std::string stored = Stored();
     Answer(table);
-    EXPECT_EQ(Said(), "Dicke!|Warnung|owned");
+    EXPECT_EQ(TakeMessages(), "owned Warnung: Dicke!\n");
     EXPECT_EQ(Adjuster(), "~ ~ ~ | 0 0 0 | ~Save ~Default ~Print");
     EXPECT_EQ(Stored(), stored);
     EXPECT_EQ(Record().CardThickness, 255);
@@ -201,18 +181,17 @@ TEST_F(PrintPositionTest, WithoutAThicknessTheUserIsWarned) {
     Enter(IDC_POSITION_C, "8");
     Record().CardThickness = 255;
     Answer(MakeTable());
-    EXPECT_EQ(Said(), "Dicke!|Warnung|owned");
+    EXPECT_EQ(TakeMessages(), "owned Warnung: Dicke!\n");
     const std::string before = Stored() + Rows();
     Enter(IDC_POSITION_A, "9");
     Enter(IDC_POSITION_B, "x");
     EXPECT_EQ(Stored() + Rows(), before);
-    EXPECT_EQ(Said(), "");
+    EXPECT_EQ(TakeMessages(), "");
     EXPECT_EQ(Adjuster(), "9 x 8 | 0 0 8 | Save Default Print");
     Press(Item(IDC_POSITION_A), VK_UP);
     Step(IDC_POSITION_B, SB_LINEDOWN);
     EXPECT_EQ(Adjuster(), "1 -1 8 | 1 -1 8 | Save Default Print") << "from the arrows' place";
     EXPECT_EQ(Stored() + Rows(), before);
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 TEST_F(PrintPositionTest, AnAnswerTakesWhatWasNotSaved) {
@@ -281,15 +260,15 @@ TEST_F(PrintPositionTest, WhatAFieldRefuses) {
         SetFocus(Item(IDC_POSITION_PRINT));
         Enter(c.field, c.text);
         const std::string range = c.message;
-        EXPECT_EQ(Said(), range.empty() ? ""
-                                        : "Press up and down button to adjust value ( " + range +
-                                              " ).|Fehler");
+        EXPECT_EQ(TakeMessages(),
+                  range.empty()
+                      ? ""
+                      : "Fehler: Press up and down button to adjust value ( " + range + " ).\n");
         EXPECT_EQ(TextOf(Item(c.field)), c.shown) << c.text;
         EXPECT_EQ(GetScrollPos(ArrowsOf(c.field), SB_CTL), std::atoi(c.shown)) << c.text;
         EXPECT_EQ(GetFocus() == Item(c.field), !range.empty());
         EXPECT_EQ(TakeChanges(), 0);
     }
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 // The sum has the table's 8 bits; the user sees his number all the same.
@@ -326,13 +305,12 @@ TEST_F(PrintPositionTest, KeysStepFromTheArrowsPlace) {
     EXPECT_EQ(TakeChanges(), 0);
     Enter(IDC_POSITION_C, "-10");
     Press(Item(IDC_POSITION_C), VK_DOWN);
-    EXPECT_EQ(Said(), "Enter from -10 - 10 .|Fehler");
+    EXPECT_EQ(TakeMessages(), "Fehler: Enter from -10 - 10 .\n");
     EXPECT_EQ(Adjuster(), "0 -1 -10 | 0 -1 -10 | Save Default Print");
     Enter(IDC_POSITION_B, "20");
     Press(Item(IDC_POSITION_B), VK_UP);
-    EXPECT_EQ(Said(), "Enter from -20 - 20 .|Fehler");
+    EXPECT_EQ(TakeMessages(), "Fehler: Enter from -20 - 20 .\n");
     EXPECT_EQ(Stored(), "10 40 20 0");
-    std::filesystem::remove(DiskPath(LanguageFilePath));
 }
 
 TEST_F(PrintPositionTest, WhatAPressOfAnArrowDoes) {
@@ -383,7 +361,7 @@ TEST_F(PrintPositionTest, WhatAPressOfAnArrowDoes) {
         EXPECT_EQ(start, 0u);
         EXPECT_EQ(end, TextOf(GetFocus()).size());
         EXPECT_EQ(TakeChanges(), 0);
-        EXPECT_EQ(Said(), "");
+        EXPECT_EQ(TakeMessages(), "");
     }
 }
 
@@ -591,7 +569,7 @@ TEST_F(PrintPositionTest, EverythingAgreesWhateverIsDone) {
             !IsWindowEnabled(Item(IDC_POSITION_DEFAULT))) {
             ASSERT_EQ(std::memcmp(notes_->Table, &PrintPositions.Table, 128), 0) << step;
         }
-        Said();
+        TakeMessages();
     }
 }
 

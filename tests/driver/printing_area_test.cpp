@@ -8,10 +8,7 @@
 #include "ui/pages/print_area/printing_area_page.h"
 
 #include <commctrl.h>
-#include <algorithm>
-#include <cctype>
 #include <functional>
-#include <random>
 
 namespace test {
 namespace {
@@ -54,7 +51,7 @@ TEST_F(PrintingAreaTest, NamesBeginAsStandard) {
     Open();
     EXPECT_TRUE(key_->IsThere());
     EXPECT_EQ(key_->Stored(kValues[0]), "none") << "the key was missing";
-    Notify(PSN_APPLY);
+    Apply();
     std::string all;
     for (int i = 0; i < 6; ++i) {
         all += kStandard + "\n";
@@ -75,7 +72,7 @@ TEST_F(PrintingAreaTest, NamesThatCannotBeReadAreStoredAsStandard) {
     EXPECT_EQ(key_->Stored(kValues[3]), kStandard);
     EXPECT_EQ(key_->Stored(kValues[5]), kStandard);
     EXPECT_EQ(key_->Stored(kValues[4]), "1:0:");
-    Notify(PSN_APPLY);
+    Apply();
     EXPECT_EQ(Stored(), "1:520:Mine+256z\n1:520:Of bytes+252z\n1:520:" + std::string(259, 'x') +
                             "+1z\n" + kStandard + "\n1:520:+260z\n" + kStandard + "\n");
 }
@@ -86,7 +83,7 @@ TEST_F(PrintingAreaTest, APrinterNameMayBeLong) {
     context_.PrinterName = printer_.data();
     key_->StoreText(kValues[0], TEXT("Mine"));
     Open();
-    Notify(PSN_APPLY);
+    Apply();
     EXPECT_EQ(key_->Stored(kValues[0]), "1:520:Mine+256z");
 }
 
@@ -110,7 +107,7 @@ TEST_F(PrintingAreaTest, ListsChooseByName) {
         Open();
         EXPECT_EQ(Front(), c.chosen) << Narrow(c.name);
         EXPECT_EQ(SendDlgItemMessageW(page_, IDC_AREA_FRONT_LIST, CB_GETITEMDATA, 2, 0), 2);
-        Notify(PSN_APPLY);
+        Apply();
         EXPECT_EQ(key_->Stored(kValues[0]).substr(0, 6 + WideString(c.name).size()),
                   "1:520:" + Narrow(c.name))
             << "a name that is not listed stays";
@@ -139,7 +136,7 @@ TEST_F(PrintingAreaTest, TabsHaveNamesOfTheirOwn) {
     ShowTab(1);
     EXPECT_EQ(Front() + ", " + Back(), "Photo Window of 3, Signature Panel of 3");
     EXPECT_EQ(key_->Stored(kValues[0]), kStandard) << "nothing is stored before the sheet applies";
-    Notify(PSN_APPLY);
+    Apply();
     EXPECT_EQ(Stored(), "1:520:Photo Window+248z\n1:520:Signature Panel+245z\n" +
                             ("1:520:photo window+248z\n1:520:Signature Panel+245z\n" + kStandard) +
                             "\n" + kStandard + "\n");
@@ -152,7 +149,7 @@ TEST_F(PrintingAreaTest, AnEmptyListAsksForTheFirstArea) {
     EXPECT_NE(Noted("call").find("GetPrintAreaData enumeration 1 index 0 gives none\n"),
               std::string::npos);
     Choose(IDC_AREA_FRONT_LIST, -1);
-    Notify(PSN_APPLY);
+    Apply();
     EXPECT_EQ(key_->Stored(kValues[0]), kStandard);
 }
 
@@ -256,113 +253,33 @@ TEST_F(PrintingAreaTest, TheDesignerIsToldOfItsSideAndChosenArea) {
         << calls;
 }
 
-// What is chosen, by the rules written down once more.
-struct ChosenAreas {
-    std::vector<std::string> listed;
-    std::string names[2][2];  // of a tab's side
-    int tab = 0;
-    size_t shown[2] = {};
-
-    static std::string Folded(std::string name) {
-        for (char& c : name) {
-            c = static_cast<char>(std::toupper(c));
-        }
-        return name;
-    }
-    void List() {
-        for (int side = 0; side < 2; ++side) {
-            shown[side] = 0;
-            for (size_t i = 0; i < listed.size(); ++i) {
-                if (Folded(listed[i]) == Folded(names[tab][side])) {
-                    shown[side] = i;
-                }
-            }
-        }
-    }
-    void Choose(int side, size_t index) {
-        names[tab][side] = listed[index];
-        shown[side] = index;
-    }
-    std::string Shown(int side) const {
-        return listed[shown[side]] + " of " + std::to_string(listed.size());
-    }
-};
-
-TEST_F(PrintingAreaTest, KeepsWhatAnyUseHasChosen) {
-    const std::vector<std::string> standard = {"Standard", "Photo Window", "Signature Panel"};
-    const char* const own[] = {"Mine", "mINE", "Badge", "Visitor", "BADGE"};
-    const int lists[] = {IDC_AREA_FRONT_LIST, IDC_AREA_BACK_LIST};
-    const int edits[] = {IDC_AREA_FRONT_EDIT, IDC_AREA_BACK_EDIT};
-    std::mt19937 random(11);
-    const auto below = [&](size_t end) { return static_cast<size_t>(random() % end); };
-    Connect("calls = no\n");
+// Until the sheet applies: another sheet begins with what is stored.
+TEST_F(PrintingAreaTest, NamesOutliveTheirAreasAndNoSheet) {
+    Connect("standard = no\n");
+    KeepAreas({"Mine", "Badge"});
     Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
     Record().ResinOptions = 0xFF;
-    ChosenAreas areas = {standard, {{"Standard", "Standard"}, {"Standard", "Standard"}}};
-    ChosenAreas stored = areas;
     Open();
-    for (int i = 0; i < Rounds(150); ++i) {
-        const int side = static_cast<int>(below(2));
-        switch (below(7)) {
-            case 0:
-                ShowTab(areas.tab = 1 - areas.tab);
-                areas.List();
-                break;
-            case 1: {  // areas come and go
-                std::filesystem::remove_all(DiskPath(TestFolder() + TEXT("\\Mirv")));
-                const std::vector<std::string> kept(own + below(3), own + 3 + below(3));
-                KeepAreas(kept);
-                areas.listed = standard;
-                areas.listed.insert(areas.listed.end(), kept.begin(), kept.end());
-                Notify(PSN_SETACTIVE);
-                areas.List();
-                break;
-            }
-            case 2:
-            case 3: {
-                const size_t index = below(areas.listed.size());
-                Choose(lists[side], static_cast<int>(index));
-                areas.Choose(side, index);
-                break;
-            }
-            case 4: {
-                const size_t index = below(areas.listed.size());
-                const bool accepts = below(2) == 0;
-                WriteBytes(DriverFolder() + TEXT("\\SampleDesigner.txt"),
-                           (accepts ? "dialog = accept " + std::to_string(index)
-                                    : std::string("dialog = cancel")) +
-                               "\ncalls = no\n");
-                Click(edits[side]);
-                if (accepts) {
-                    areas.Choose(side, index);
-                }
-                areas.List();
-                break;
-            }
-            case 5:
-                Notify(PSN_APPLY);
-                stored = areas;
-                break;
-            default:  // the sheet is cancelled, and another opened
-                Open();
-                std::copy_n(&stored.names[0][0], 4, &areas.names[0][0]);
-                areas.tab = 0;
-                areas.List();
-        }
-        ASSERT_EQ(Front(), areas.Shown(0)) << i;
-        ASSERT_EQ(Back(), areas.Shown(1)) << i;
-    }
-    Notify(PSN_APPLY);
-    for (int value = 0; value < 4; ++value) {
-        EXPECT_EQ(key_->Stored(kValues[value]).find(":" + areas.names[value / 2][value % 2] + "+"),
-                  5u)
-            << key_->Stored(kValues[value]);
-    }
+    Choose(IDC_AREA_FRONT_LIST, 1);
+    Apply();
+    Choose(IDC_AREA_BACK_LIST, 1);
+    ShowTab(1);
+    Choose(IDC_AREA_FRONT_LIST, 1);
+    KeepAreas({"Visitor", "Mine"});
+    Notify(PSN_SETACTIVE);
+    EXPECT_EQ(Front() + ", " + Back(), "Visitor of 2, Visitor of 2");
+    KeepAreas({"Visitor", "badge"});
+    ShowTab(0);
+    EXPECT_EQ(Front() + ", " + Back(), "badge of 2, badge of 2");
+    Open();  // the sheet before was cancelled
+    EXPECT_EQ(Front() + ", " + Back(), "badge of 2, Visitor of 2");
+    ShowTab(1);
+    EXPECT_EQ(Front() + ", " + Back(), "Visitor of 2, Visitor of 2");
 }
 
 TEST_F(PrintingAreaTest, EndsWithAllThatItBegan) {
     Connect("calls = no\n");
-    for (int i = 0; i < Rounds(100); ++i) {
+    for (int i = 0; i < 20; ++i) {
         Open();
         ShowTab(i % 2);
         Notify(PSN_SETACTIVE);
@@ -377,67 +294,85 @@ TEST_F(PrintingAreaTest, EndsWithAllThatItBegan) {
 
 // ---- What is offered ----------------------------------------------------------------------------
 
-// The rules once more: what a side's controls show of the record on a tab.
-std::string ExpectedSide(const DevModePrivate& record, int tab, int side, BYTE mode) {
-    const bool printed = (record.PrintSides >> side & 1) != 0;
-    const bool active =
-        printed && (tab == 0 ? (record.ColorSides >> side & 1) != 0
-                             : (record.ResinOptions & (side == 0 ? 0x55 : 0xAA)) != 0 ||
-                                   (record.ResinOptions2 >> side & 1) != 0);
-    const bool areas = active && !(tab == 0 && side == 0 && record.RibbonType == 1);
-    const bool designed = (mode >> (2 * side + 1) & 1) != 0;
-    return std::string("~") + (active ? "x" : ".") + (areas ? "" : "~") + (areas ? "" : "~") +
-           (active ? "" : "~") + (designed ? "." : "x") + (active ? "" : "~") +
-           (designed ? "x" : ".");
+// A side's controls: its box, list and "Edit", then its two modes.
+TEST_F(PrintingAreaTest, OffersWhatTheRecordPrints) {
+    const struct {
+        const char* name;
+        int tab;
+        BYTE printed, colored, resin, resin2, ribbon, mode;
+        const char* front;
+        const char* back;
+        BYTE modeAfter;
+    } cases[] = {
+        // clang-format off
+        {"both sides in colour", 0, 3, 3, 0, 0, 0, 0x00, "~x . . x .", "~x . . x .", 0x05},
+        {"colour of a side that is not printed", 0, 1, 3, 0, 0, 0, 0x0A, "~x . . . x", "~. ~. ~. ~. ~x", 0x0A},
+        {"no colour on the front", 0, 3, 0xFE, 0xFF, 0xFF, 0, 0x48, "~. ~. ~. ~x ~.", "~x . . . x", 0x49},
+        {"a resin ribbon", 0, 3, 3, 0, 0, 1, 0x02, "~x ~. ~. . x", "~x . . x .", 0x06},
+        {"another resin ribbon", 0, 3, 3, 0, 0, 3, 0x0F, "~x . . . x", "~x . . . x", 0x0F},
+        {"both sides with resin", 1, 3, 0, 0x03, 0, 1, 0x00, "~x . . x .", "~x . . x .", 0x05},
+        {"resin of the front", 1, 3, 3, 0x40, 0, 0, 0x08, "~x . . x .", "~. ~. ~. ~. ~x", 0x09},
+        {"resin of the back", 1, 3, 3, 0x20, 0, 0, 0x02, "~. ~. ~. ~. ~x", "~x . . x .", 0x06},
+        {"black and white", 1, 2, 3, 0, 0x03, 0, 0xF1, "~. ~. ~. ~x ~.", "~x . . x .", 0xF5},
+        {"other options of resin", 1, 3, 3, 0, 0xFC, 0, 0x05, "~. ~. ~. ~x ~.", "~. ~. ~. ~x ~.", 0x05},
+        // clang-format on
+    };
+    const auto looks = [&](std::initializer_list<int> controls) {
+        std::string text;
+        for (const int control : controls) {
+            const std::string shown = Looks(control);
+            text += (text.empty() ? "" : " ") + (shown.starts_with("~") ? std::string("~") : "") +
+                    (shown.ends_with("x") ? "x" : ".");
+        }
+        return text;
+    };
+    Open();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        DevModePrivate& record = Record();
+        record.PrintSides = c.printed;
+        record.ColorSides = c.colored;
+        record.ResinOptions = c.resin;
+        record.ResinOptions2 = c.resin2;
+        record.RibbonType = c.ribbon;
+        record.OvercoatMode = record.ResinKMode = c.mode;
+        const DevModeRecord before = context_.WorkingDevMode;
+        ShowTab(c.tab);
+        EXPECT_EQ(looks({IDC_AREA_FRONT, IDC_AREA_FRONT_LIST, IDC_AREA_FRONT_EDIT,
+                         IDC_AREA_FRONT_WHOLE, IDC_AREA_FRONT_DESIGNED}),
+                  c.front);
+        EXPECT_EQ(looks({IDC_AREA_BACK, IDC_AREA_BACK_LIST, IDC_AREA_BACK_EDIT, IDC_AREA_BACK_WHOLE,
+                         IDC_AREA_BACK_DESIGNED}),
+                  c.back);
+        EXPECT_EQ(std::exchange(c.tab == 0 ? record.OvercoatMode : record.ResinKMode, c.mode),
+                  c.modeAfter);
+        EXPECT_TRUE(IsSame(context_.WorkingDevMode, before)) << "nothing else";
+    }
 }
 
-TEST_F(PrintingAreaTest, OffersWhatTheRecordPrints) {
-    std::mt19937 random(5);
+TEST_F(PrintingAreaTest, AModeIsASidesOfATab) {
+    const struct {
+        int tab, control;
+        BYTE before, after;
+    } cases[] = {
+        {0, IDC_AREA_FRONT_DESIGNED, 0xF5, 0xF6}, {0, IDC_AREA_FRONT_WHOLE, 0x0A, 0x09},
+        {0, IDC_AREA_BACK_DESIGNED, 0x05, 0x09},  {0, IDC_AREA_BACK_WHOLE, 0xFA, 0xF6},
+        {1, IDC_AREA_FRONT_DESIGNED, 0x06, 0x06}, {1, IDC_AREA_BACK_WHOLE, 0x09, 0x05},
+    };
+    Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
+    Record().ResinOptions = 0xFF;
     Open();
-    for (int i = 0; i < Rounds(3000); ++i) {
-        const int tab = static_cast<int>(random() % 2);
-        DevModePrivate& record = Record();
-        record.PrintSides = static_cast<BYTE>(random() % 4);
-        record.ColorSides = static_cast<BYTE>(random());
-        record.ResinOptions = random() % 3 == 0 ? BYTE{0} : static_cast<BYTE>(random());
-        record.ResinOptions2 = static_cast<BYTE>(random());
-        record.RibbonType = static_cast<BYTE>(random() % 4);
-        record.OvercoatMode = static_cast<BYTE>(random());
-        record.ResinKMode = static_cast<BYTE>(random());
-        DevModePrivate expected = record;
-        BYTE& mode = tab == 0 ? expected.OvercoatMode : expected.ResinKMode;
-        mode = static_cast<BYTE>(mode | ((mode & 2) == 0 ? 1 : 0) | ((mode & 8) == 0 ? 4 : 0));
-        SendDlgItemMessageW(page_, IDC_AREA_TAB, TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
-        Notify(random() % 2 == 0 ? PSN_SETACTIVE : TCN_SELCHANGE, IDC_AREA_TAB);
-        const struct {
-            int box, list, edit, whole, designed;
-        } controls[] = {
-            {IDC_AREA_FRONT, IDC_AREA_FRONT_LIST, IDC_AREA_FRONT_EDIT, IDC_AREA_FRONT_WHOLE,
-             IDC_AREA_FRONT_DESIGNED},
-            {IDC_AREA_BACK, IDC_AREA_BACK_LIST, IDC_AREA_BACK_EDIT, IDC_AREA_BACK_WHOLE,
-             IDC_AREA_BACK_DESIGNED},
-        };
-        for (int side = 0; side < 2; ++side) {
-            const auto& c = controls[side];
-            const auto off = [&](int id) {
-                return IsWindowEnabled(GetDlgItem(page_, id)) ? "" : "~";
-            };
-            ASSERT_EQ(Looks(c.box) + off(c.list) + off(c.edit) + Looks(c.whole) + Looks(c.designed),
-                      ExpectedSide(record, tab, side, mode))
-                << i << " side " << side;
-        }
-        // The user's choice of a mode.
-        if (random() % 2 == 0) {
-            const int side = static_cast<int>(random() % 2);
-            const bool designed = random() % 2 == 0;
-            const int control = designed ? controls[side].designed : controls[side].whole;
-            SendMessageW(page_, WM_COMMAND, MAKEWPARAM(control, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(GetDlgItem(page_, control)));
-            mode = static_cast<BYTE>((mode & ~(3 << 2 * side)) | (designed ? 2 : 1) << 2 * side);
-            ASSERT_EQ(TakeChanges(), 1);
-            ASSERT_EQ(Looks(control).back(), 'x');
-        }
-        ASSERT_EQ(std::memcmp(&expected, &record, sizeof(record)), 0) << i;
+    for (const auto& c : cases) {
+        Record().OvercoatMode = Record().ResinKMode = c.before;
+        ShowTab(c.tab);
+        DevModeRecord expected = context_.WorkingDevMode;
+        (c.tab == 0 ? expected.Private.OvercoatMode : expected.Private.ResinKMode) = c.after;
+        Notify(PSN_SETACTIVE);
+        SendMessageW(page_, WM_COMMAND, MAKEWPARAM(c.control, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(Item(c.control)));
+        EXPECT_TRUE(IsSame(context_.WorkingDevMode, expected)) << c.control;
+        EXPECT_EQ(Looks(c.control), "x");
+        EXPECT_EQ(TakeChanges(), 1);
     }
 }
 
@@ -475,90 +410,78 @@ TEST_F(PrintingAreaTest, TheBoardHasCellsOfFivePixels) {
     EXPECT_EQ(canvas.At(6, 1), 0x808080u);
 }
 
-// The picture of an area, by the rules written down once more.
-void PaintAsStated(HDC target, const RECT& preview, bool portrait, const PrintAreaData& area) {
-    const LONG width = preview.right - preview.left;
-    const LONG height = preview.bottom - preview.top;
-    for (LONG y = 0; y < height; ++y) {
-        for (LONG x = 0; x < width; ++x) {
-            const bool white = (x / 5 % 2 == 0) == (y / 5 % 2 == 0);
-            SetPixel(target, preview.left + x, preview.top + y,
-                     white ? RGB(255, 255, 255) : RGB(128, 128, 128));
-        }
-    }
-    const LONG cardWidth = portrait ? 642 * height / 1014 : width;
-    const LONG cardHeight = portrait ? height : 642 * width / 1014;
-    const LONG left = portrait ? preview.right - 10 - cardWidth : preview.left;
-    const LONG top = portrait ? preview.top : preview.bottom - 10 - cardHeight;
-    HBRUSH card = CreateSolidBrush(area.CardColor & 0xFFFFFF);
-    HBRUSH colored = CreateSolidBrush(area.AreaColor & 0xFFFFFF);
-    HBRUSH white = CreateSolidBrush(RGB(255, 255, 255));
-    HGDIOBJ before = SelectObject(target, card);
-    RoundRect(target, left, top, left + cardWidth, top + cardHeight, 10, 10);
-    SelectObject(target, before);
-    const LONG layoutWidth = static_cast<LONG>(area.Width);
-    const LONG layoutHeight = static_cast<LONG>(area.Height);
-    for (const PrintAreaBlock* b = area.FirstBlock; b != nullptr; b = b->Next) {
-        RECT place;
-        if (portrait && area.Orientation != 1) {
-            place.left = left + b->Y * cardHeight / layoutWidth;
-            place.right = place.left + b->Height * cardHeight / layoutWidth;
-            place.top = top + b->X * cardWidth / layoutHeight;
-            place.bottom = place.top + b->Width * cardWidth / layoutHeight;
-        } else {
-            place.left = left + b->X * cardWidth / layoutWidth;
-            place.right = place.left + b->Width * cardWidth / layoutWidth;
-            place.bottom = top + cardHeight - b->Y * cardHeight / layoutHeight;
-            place.top = place.bottom - b->Height * cardHeight / layoutHeight;
-        }
-        FillRect(target, &place, b->Kind == 1 ? white : colored);
-    }
-    DeleteObject(card);
-    DeleteObject(colored);
-    DeleteObject(white);
-}
-
-std::vector<unsigned> PixelsOf(const PixelCanvas& canvas) {
-    std::vector<unsigned> pixels;
-    for (int at = 0; at < 130 * 130; ++at) {
-        pixels.push_back(canvas.At(at % 130, at / 130));
-    }
-    return pixels;
-}
-
+// The board, the card upon it with round corners and a dark edge, and the blocks, of which those of
+// kind 1 are left white. Lengths are rounded down, each by itself.
 TEST_F(PrintingAreaTest, AreasArePaintedToThePixel) {
-    std::mt19937 random(7);
-    PixelCanvas painted(130, 130);
-    PixelCanvas stated(130, 130);
-    for (int i = 0; i < Rounds(300); ++i) {
-        const LONG width = 90 + static_cast<LONG>(random() % 30);
-        const LONG height = 90 + static_cast<LONG>(random() % 30);
-        const RECT preview = {5, 3, 5 + width, 3 + height};
-        PrintAreaBlock blocks[3] = {};
+    const RECT preview = {5, 3, 108, 99};
+    const struct {
+        const char* name;
+        bool portrait;
+        BYTE orientation;
+        DWORD width, height;
+        RECT card;
+        RECT block, white;  // x 100, y 50, 300 by 200, and 0, 350, 99 by 33
+    } cases[] = {
+        {"lying", false, 2, 1014, 642, {5, 24, 108, 89}, {15, 64, 45, 84}, {5, 51, 15, 54}},
+        {"lying, for an upright card",
+         false,
+         1,
+         1014,
+         642,
+         {5, 24, 108, 89},
+         {15, 64, 45, 84},
+         {5, 51, 15, 54}},
+        {"upright", true, 1, 642, 1014, {38, 3, 98, 99}, {47, 77, 75, 95}, {38, 63, 47, 66}},
+        {"turned", true, 2, 1014, 642, {38, 3, 98, 99}, {42, 12, 60, 40}, {71, 3, 74, 12}},
+        {"in units of its own",
+         false,
+         0,
+         777,
+         555,
+         {5, 24, 108, 89},
+         {18, 61, 57, 84},
+         {5, 46, 18, 49}},
+    };
+    PixelCanvas painted(120, 110);
+    PixelCanvas expected(120, 110);
+    const COLORREF kCard = RGB(10, 200, 30);
+    const COLORREF kArea = RGB(40, 50, 160);
+    for (const auto& c : cases) {
+        PrintAreaBlock white = {};
+        white.Kind = 1;
+        white.Y = 350;
+        white.Width = 99;
+        white.Height = 33;
+        PrintAreaBlock block = {};
+        block.X = 100;
+        block.Y = 50;
+        block.Width = 300;
+        block.Height = 200;
+        block.Next = &white;
         PrintAreaData area = {};
-        area.Orientation = static_cast<BYTE>(random() % 4);
-        area.Width = 800 + random() % 1200;
-        area.Height = 400 + random() % 1200;
-        area.CardColor = random();  // the colours have 24 bits, whatever is above them
-        area.AreaColor = random();
-        for (int block = 0; block < 3; ++block) {
-            // On the card, so that nothing is painted outside the preview.
-            const WORD x = static_cast<WORD>(random() % 200);
-            const WORD y = static_cast<WORD>(random() % 200);
-            blocks[block].Kind = static_cast<BYTE>(random() % 3);
-            blocks[block].X = x;
-            blocks[block].Y = y;
-            blocks[block].Width = static_cast<WORD>(random() % (400 - x));
-            blocks[block].Height = static_cast<WORD>(random() % (400 - y));
-            blocks[block].Next = block == 2 ? nullptr : &blocks[block + 1];
-        }
-        area.FirstBlock = blocks;
-        const bool portrait = random() % 2 == 0;
+        area.Orientation = c.orientation;
+        area.Width = c.width;
+        area.Height = c.height;
+        area.CardColor = 0x77000000 | kCard;  // the colours have 24 bits, whatever is above them
+        area.AreaColor = 0x55000000 | kArea;
+        area.FirstBlock = &block;
         painted.Clear();
-        stated.Clear();
-        PaintAreaPreview(painted.context, preview, portrait, &area);
-        PaintAsStated(stated.context, preview, portrait, area);
-        ASSERT_EQ(PixelsOf(painted), PixelsOf(stated)) << i;
+        PaintAreaPreview(painted.context, preview, c.portrait, &area);
+
+        expected.Clear();
+        PaintAreaPreview(expected.context, preview, c.portrait, nullptr);
+        HBRUSH cardBrush = CreateSolidBrush(kCard);
+        HBRUSH areaBrush = CreateSolidBrush(kArea);
+        HBRUSH whiteBrush = CreateSolidBrush(RGB(255, 255, 255));
+        HGDIOBJ before = SelectObject(expected.context, cardBrush);
+        RoundRect(expected.context, c.card.left, c.card.top, c.card.right, c.card.bottom, 10, 10);
+        SelectObject(expected.context, before);
+        FillRect(expected.context, &c.block, areaBrush);
+        FillRect(expected.context, &c.white, whiteBrush);
+        for (HBRUSH brush : {cardBrush, areaBrush, whiteBrush}) {
+            DeleteObject(brush);
+        }
+        EXPECT_EQ(std::memcmp(painted.memory, expected.memory, size_t{120} * 110 * 4), 0) << c.name;
     }
 }
 

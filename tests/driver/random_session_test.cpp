@@ -1,7 +1,6 @@
 // Whatever a user does on the Device Options and Color pages, their record and controls agree.
 #include "color_page.h"
 #include "core/merge.h"
-#include "message_boxes.h"
 #include "options_page.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
@@ -241,7 +240,6 @@ class RandomColorsTest : public ColorPageTest {
 };
 
 TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
-    StartMessageBoxes();
     int kept = 0;
     for (int seed = 0; seed < Rounds(100); ++seed) {
         RandomUser user(static_cast<unsigned>(seed));
@@ -278,7 +276,6 @@ TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         EXPECT_EQ(std::memcmp(&left, &context_.WorkingDevMode, sizeof(left)), 0);
     }
     EXPECT_GT(kept, Rounds(20));
-    StopMessageBoxes();
 }
 
 }  // namespace

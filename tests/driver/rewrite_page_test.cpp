@@ -5,6 +5,7 @@
 #include "resources/resource.h"
 #include "tools/kpdtool/language/cut_text.h"
 #include "ui/common/controls.h"
+#include "ui/common/language.h"
 #include "ui/common/pictures.h"
 
 #include <commctrl.h>
@@ -15,25 +16,10 @@
 namespace test {
 namespace {
 
-bool IsSame(const DevModeRecord& a, const DevModeRecord& b) {
-    return std::memcmp(&a, &b, sizeof(a)) == 0;
-}
-
-int accepted;  // reports that the sheet got for this page
-
-LONG_PTR CALLBACK TakeResult(HANDLE sheet, UINT function, LPARAM page, LPARAM result) {
-    accepted += sheet == reinterpret_cast<HANDLE>(ULONG_PTR{77}) &&
-                function == CPSFUNC_SET_RESULT && page == 55 && result == CPSUI_OK;
-    return 1;
-}
-
 class RewritePageTest : public AreaPageTest {
   protected:
     void SetUp() override {
         AreaPageTest::SetUp();
-        context_.ComPropSheet = TakeResult;
-        context_.ComPropSheetHandle = reinterpret_cast<HANDLE>(ULONG_PTR{77});
-        context_.PageHandles[kRewriteSlot] = reinterpret_cast<HANDLE>(ULONG_PTR{55});
         // A value of its own in every entry.
         for (int entry = 0; entry < 8; ++entry) {
             Record().EnergyTables10[4][entry] = static_cast<signed char>(100 + entry);
@@ -42,11 +28,6 @@ class RewritePageTest : public AreaPageTest {
     }
 
     void Open() { OpenPage(IDD_REWRITE, PageProc<kRewritePage>); }
-    void Apply() {
-        accepted = 0;
-        Notify(PSN_APPLY);
-        EXPECT_EQ(accepted, 1);
-    }
 
     void UsePrinter(const WideString& name) {
         printer_ = name;
@@ -54,7 +35,6 @@ class RewritePageTest : public AreaPageTest {
         key_.emplace(printer_);
     }
 
-    HWND Item(int control) const { return GetDlgItem(page_, control); }
     std::string Energies() const {
         return "write " + Looks(IDC_WRITE_ENERGY) + " " + Looks(IDC_WRITE_ENERGY_VALUE) +
                ", erase " + Looks(IDC_ERASE_ENERGY) + " " + Looks(IDC_ERASE_ENERGY_VALUE);

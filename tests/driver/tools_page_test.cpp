@@ -2,7 +2,6 @@
 // does without the device I/O library.
 #include "tools_page.h"
 #include "core/card_terms.h"
-#include "message_boxes.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
 #include "ui/common/language.h"
@@ -98,22 +97,15 @@ TEST_F(ToolsPageTest, TheRibbonAndItsRemainingPrints) {
     CopyWideBounded(Paper().dmDeviceName, TEXT("Front desk"), CCHDEVICENAME);
     Open();
     InstallBridge();
-    StartMessageBoxes();
-    size_t shown = 0;
     for (const auto& c : cases) {
         notes_->RibbonCode = c.code;
         notes_->Remaining = c.remaining;
         notes_->RibbonFailure = c.failure;
         Click(IDC_RIBBON_STATUS);
-        ASSERT_EQ(ShownMessages().size(), ++shown);
-        const ShownMessage message = ShownMessages().back();
-        EXPECT_EQ(Narrow(message.text), c.text) << int{c.code};
-        EXPECT_EQ(Narrow(message.title), "Front desk");
-        EXPECT_FALSE(message.hasOwner);
+        EXPECT_EQ(TakeMessages(), std::string("Front desk: ") + c.text + "\n") << int{c.code};
         EXPECT_EQ(WideString(notes_->Printer), printer_);
     }
     EXPECT_EQ(notes_->RibbonQueries, static_cast<int>(std::size(cases)));
-    StopMessageBoxes();
 }
 
 // Every code of a printer, by the ribbon of the record; "-" for none.
@@ -137,14 +129,9 @@ TEST_F(ToolsPageTest, TheRibbonIsSpokenOfInTheUsersLanguage) {
     WriteWideText(LanguageFilePath, TEXT("[Tools]\r\nNumber of remaining ink ribbon=Rest\r\n"));
     Open();
     InstallBridge();
-    StartMessageBoxes();
     SetSection(kColorSection);  // as another page has left it
     Click(IDC_RIBBON_STATUS);
-    std::filesystem::remove(DiskPath(LanguageFilePath));
-    ASSERT_EQ(ShownMessages().size(), 1u);
-    EXPECT_EQ(Narrow(ShownMessages()[0].text), "\n\nRest:   0");
-    EXPECT_EQ(Narrow(ShownMessages()[0].title), std::string(CCHDEVICENAME, 'x'));
-    StopMessageBoxes();
+    EXPECT_EQ(TakeMessages(), std::string(CCHDEVICENAME, 'x') + ": \n\nRest:   0\n");
 }
 
 TEST_F(ToolsPageTest, TheReportIsWrittenForThePrinter) {
@@ -159,8 +146,8 @@ TEST_F(ToolsPageTest, TheReportIsWrittenForThePrinter) {
 // ---- Without the library, or with one that lacks everything ------------------------------------
 
 TEST_F(ToolsPageTest, WhatIsSaidWithoutTheLibrary) {
-    const std::string kMissing = "Can't load library|Error; ";
-    const std::string kRibbon = "\n\nNumber of remaining ink ribbon:   0|Front desk; ";
+    const std::string kMissing = "Error: Can't load library\n";
+    const std::string kRibbon = "Front desk: \n\nNumber of remaining ink ribbon:   0\n";
     const struct {
         int button;
         std::string withoutLibrary;
@@ -178,21 +165,13 @@ TEST_F(ToolsPageTest, WhatIsSaidWithoutTheLibrary) {
         }
         Open();
         Answer(MakeTable());
-        StartMessageBoxes();
-        size_t seen = ShownMessages().size();
         for (const auto& c : cases) {
             Enter(IDC_POSITION_C, "1");  // there is something to save
             Click(c.button);
-            std::string said;
-            for (; seen < ShownMessages().size(); ++seen) {
-                const ShownMessage message = ShownMessages()[seen];
-                said += Narrow(message.text) + "|" + Narrow(message.title) + "; ";
-                EXPECT_FALSE(message.hasOwner);
-            }
-            EXPECT_EQ(said, library == nullptr ? c.withoutLibrary : c.withoutOperation) << c.button;
+            EXPECT_EQ(TakeMessages(), library == nullptr ? c.withoutLibrary : c.withoutOperation)
+                << c.button;
         }
         EXPECT_EQ(Adjuster(), "0 0 1 | 0 0 1 | ~Save Default Print");
-        StopMessageBoxes();
     }
 }
 

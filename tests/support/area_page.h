@@ -6,9 +6,6 @@
 #include "lone_page.h"
 #include "printer_user_key.h"
 #include "tools/computer/sample_library.h"
-#include "ui/common/language.h"
-
-#include <prsht.h>
 
 #include <optional>
 #include <sstream>
@@ -24,8 +21,6 @@ class AreaPageTest : public LonePageTest {
         applicationData_->Store(TestFolder());
         key_.emplace(printer_);
         context_.PrinterName = printer_.data();
-        context_.ComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
-        WriteWideText(LanguageFilePath, TEXT(""));
     }
     void TearDown() override {
         ClosePage();
@@ -33,7 +28,6 @@ class AreaPageTest : public LonePageTest {
         designer_.reset();
         key_.reset();
         applicationData_.reset();
-        std::filesystem::remove(DiskPath(LanguageFilePath));
         LonePageTest::TearDown();
     }
 
@@ -58,16 +52,6 @@ class AreaPageTest : public LonePageTest {
         if (page_ != nullptr) {
             DestroyWindow(std::exchange(page_, nullptr));
         }
-    }
-
-    void Notify(UINT code, UINT_PTR from = 0) {
-        NMHDR notification = {parent_, from, code};
-        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
-    }
-    void Choose(int list, int item) {
-        SendDlgItemMessageW(page_, list, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
-        SendMessageW(page_, WM_COMMAND, MAKEWPARAM(list, CBN_SELENDOK),
-                     reinterpret_cast<LPARAM>(GetDlgItem(page_, list)));
     }
 
     /// The designer's lines of that name, each ended by a line feed.

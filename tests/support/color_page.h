@@ -21,8 +21,6 @@ class ColorPageTest : public LonePageTest {
     /// The same out of the fields and of the sliders; a field that is no number counts as 0.
     std::string Fields() const;
     std::string Sliders() const;
-
-    HWND Item(int control) const { return GetDlgItem(page_, control); }
 };
 
 }  // namespace test

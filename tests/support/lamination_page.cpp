@@ -1,9 +1,7 @@
 // One implementation for both platforms.
 #include "lamination_page.h"
 
-#include "message_boxes.h"
 #include "resources/resource.h"
-#include "ui/common/language.h"
 #include "ui/pages/lamination/lamination_page.h"
 
 #include <commctrl.h>
@@ -15,15 +13,10 @@ void LaminationPageTest::SetUp() {
     LonePageTest::SetUp();
     context_.PrinterName = name_.data();
     context_.IsDuplexModel = 1;
-    messagesTaken_ = 0;
-    WriteWideText(LanguageFilePath, TEXT(""));  // whatever the user's language is
-    StartMessageBoxes();
 }
 
 void LaminationPageTest::TearDown() {
-    StopMessageBoxes();
     printer_.reset();
-    std::filesystem::remove(DiskPath(LanguageFilePath));
     LonePageTest::TearDown();
 }
 
@@ -38,8 +31,7 @@ void LaminationPageTest::Open() {
 }
 
 void LaminationPageTest::Activate() {
-    NMHDR notification = {page_, 0, static_cast<UINT>(PSN_SETACTIVE)};
-    SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+    Notify(PSN_SETACTIVE);
     HandlePosted();
 }
 
@@ -49,12 +41,6 @@ void LaminationPageTest::Start() {
     Activate();
 }
 
-void LaminationPageTest::Choose(int list, int index) {
-    SendMessageW(Item(list), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    SendMessageW(page_, WM_COMMAND, MAKEWPARAM(list, CBN_SELENDOK),
-                 reinterpret_cast<LPARAM>(Item(list)));
-}
-
 void LaminationPageTest::Slide(int slider, int position, WORD code) {
     SendMessageW(Item(slider), TBM_SETPOS, TRUE, position);
     SendMessageW(page_, WM_HSCROLL, code, reinterpret_cast<LPARAM>(Item(slider)));
@@ -62,11 +48,6 @@ void LaminationPageTest::Slide(int slider, int position, WORD code) {
 
 void LaminationPageTest::Step(int arrows, WORD code) {
     SendMessageW(page_, WM_VSCROLL, code, reinterpret_cast<LPARAM>(Item(arrows)));
-}
-
-void LaminationPageTest::Enter(int field, const char* text) {
-    SetFocus(Item(field));
-    SetWindowTextW(Item(field), Wide(text).c_str());
 }
 
 std::string LaminationPageTest::Transfer() const {
@@ -85,16 +66,6 @@ std::string LaminationPageTest::Saves() const {
         saves += IsWindowEnabled(Item(save)) ? "x" : ".";
     }
     return saves;
-}
-
-std::string LaminationPageTest::TakeMessages() {
-    std::string texts;
-    const std::vector<ShownMessage> shown = ShownMessages();
-    for (; messagesTaken_ < shown.size(); ++messagesTaken_) {
-        texts +=
-            Narrow(shown[messagesTaken_].title + TEXT(": ") + shown[messagesTaken_].text) + "\n";
-    }
-    return texts;
 }
 
 }  // namespace test

@@ -30,10 +30,8 @@ class LaminationPageTest : public LonePageTest {
     void Start();
 
     // What the user does.
-    void Choose(int list, int index);
     void Slide(int slider, int position, WORD code);
     void Step(int arrows, WORD code);
-    void Enter(int field, const char* text);  ///< in place of what is there
 
     // What he sees.
     /// Both sliders' positions and texts: "2520 2.52 sec./inch, 170 170 cel.".
@@ -42,16 +40,11 @@ class LaminationPageTest : public LonePageTest {
     std::string Position() const;
     /// The "Save" buttons: "x" for an enabled one.
     std::string Saves() const;
-    /// The boxes shown since the last call, "title: text" in lines.
-    std::string TakeMessages();
-
-    HWND Item(int control) const { return GetDlgItem(page_, control); }
     int Offset(int arrows) const { return GetScrollPos(Item(arrows), SB_CTL); }
 
   private:
     WideString name_ = TEXT("Badge room");
     std::optional<computer::SamplePrinter> printer_;
-    size_t messagesTaken_ = 0;
 };
 
 }  // namespace test

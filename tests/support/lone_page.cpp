@@ -1,6 +1,7 @@
 // One implementation for both platforms.
 #include "lone_page.h"
 
+#include "message_boxes.h"
 #include "ui/common/controls.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
@@ -13,10 +14,16 @@ namespace {
 
 WNDPROC parentProcedure;
 int changes;
+int reports;  // of an accepted page
 
 LRESULT CALLBACK CountChanges(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     changes += message == PSM_CHANGED;
     return CallWindowProcW(parentProcedure, window, message, wParam, lParam);
+}
+
+LONG_PTR CALLBACK TakeReport(HANDLE, UINT function, LPARAM, LPARAM result) {
+    reports += function == CPSFUNC_SET_RESULT && result == CPSUI_OK;
+    return 1;
 }
 
 std::string ListText(HWND list) {
@@ -40,7 +47,10 @@ void LonePageTest::SetUp() {
     WindowTest::SetUp();
     ModuleHandle = GetModuleHandleW(nullptr);
     InitLanguageFile();
+    WriteWideText(LanguageFilePath, TEXT(""));
+    StartMessageBoxes();
     BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
+    context_.ComPropSheet = TakeReport;
     changes = 0;
     parentProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(parent_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountChanges)));
@@ -52,6 +62,8 @@ void LonePageTest::TearDown() {
     if (page_ != nullptr) {
         DestroyWindow(page_);
     }
+    StopMessageBoxes();
+    std::filesystem::remove(DiskPath(LanguageFilePath));
     WindowTest::TearDown();
 }
 
@@ -74,12 +86,40 @@ void LonePageTest::Click(int control) {
     SendDlgItemMessageW(page_, control, BM_CLICK, 0, 0);
 }
 
+void LonePageTest::Choose(int list, int item) {
+    SendMessageW(Item(list), CB_SETCURSEL, static_cast<WPARAM>(item), 0);
+    SendMessageW(page_, WM_COMMAND, MAKEWPARAM(list, CBN_SELENDOK),
+                 reinterpret_cast<LPARAM>(Item(list)));
+}
+
+void LonePageTest::Enter(int field, const char* text) {
+    SetWindowTextW(Item(field), Wide(text).c_str());
+}
+
+void LonePageTest::Notify(UINT code, UINT_PTR from) {
+    PSHNOTIFY notification = {};
+    notification.hdr = {parent_, from, code};
+    SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+}
+
+void LonePageTest::Apply() {
+    reports = 0;
+    Notify(PSN_APPLY);
+    EXPECT_EQ(reports, 1);
+}
+
+void LonePageTest::Answer(ULONG_PTR query, const std::string& bytes) {
+    std::string copy = bytes;
+    COPYDATASTRUCT answer = {query, static_cast<DWORD>(copy.size()), copy.data()};
+    SendMessageW(page_, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&answer));
+}
+
 bool LonePageTest::IsShown(int control) const {
-    return (GetWindowLongW(GetDlgItem(page_, control), GWL_STYLE) & WS_VISIBLE) != 0;
+    return (GetWindowLongW(Item(control), GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
 std::string LonePageTest::Looks(int control) const {
-    HWND window = GetDlgItem(page_, control);
+    HWND window = Item(control);
     if (!IsShown(control)) {
         return "-";
     }
@@ -101,6 +141,17 @@ std::string LonePageTest::LooksOfAll() const {
         looks += std::to_string(id) + ": " + Looks(id) + "\n";
     }
     return looks;
+}
+
+std::string LonePageTest::TakeMessages() {
+    std::string texts;
+    const std::vector<ShownMessage> shown = ShownMessages();
+    for (; messagesTaken_ < shown.size(); ++messagesTaken_) {
+        const ShownMessage& message = shown[messagesTaken_];
+        texts += (message.hasOwner ? "owned " : "") +
+                 Narrow(message.title + TEXT(": ") + message.text) + "\n";
+    }
+    return texts;
 }
 
 int LonePageTest::TakeChanges() {

@@ -35,12 +35,6 @@ void OptionsPageTest::Open() {
     OpenPage(IDD_DEVICE_OPTIONS, DeviceOptionsPageProc);
 }
 
-void OptionsPageTest::Choose(int list, int index) {
-    SelectItem(page_, list, index);
-    SendMessageW(page_, WM_COMMAND, MAKEWPARAM(list, CBN_SELENDOK),
-                 reinterpret_cast<LPARAM>(GetDlgItem(page_, list)));
-}
-
 std::string OptionsPageTest::Looks(const SideControls& side) const {
     return Looks(side.Image) + " " + Looks(side.Rotate) + " " + Looks(side.Flip) + " " +
            Looks(side.Color) + " " + Looks(side.Resin);

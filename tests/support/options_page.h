@@ -23,9 +23,6 @@ class OptionsPageTest : public LonePageTest {
     void SetModel(const ModelFlags& flags);
     void Open();
 
-    /// What the user does.
-    void Choose(int list, int index);
-
     using LonePageTest::Looks;
     /// The side's image, rotate, flip and colour boxes and its resin list.
     std::string Looks(const SideControls& side) const;

@@ -56,16 +56,9 @@ void ToolsPageTest::RemoveBridge() {
     std::filesystem::remove(DiskPath(BridgePath()));
 }
 
-void ToolsPageTest::Answer(DWORD query, std::vector<BYTE> bytes) {
-    COPYDATASTRUCT data = {query, static_cast<DWORD>(bytes.size()), bytes.data()};
-    SendMessageW(page_, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
-}
-
 void ToolsPageTest::Answer(const CalibrationTable& table) {
-    std::vector<BYTE> bytes = {0, 4};
-    const BYTE* rows = reinterpret_cast<const BYTE*>(&table);
-    bytes.insert(bytes.end(), rows, rows + sizeof(table));
-    Answer(5, bytes);
+    Answer(5, std::string("\0\4", 2) +
+                  std::string(reinterpret_cast<const char*>(&table), sizeof(table)));
 }
 
 std::string ToolsPageTest::Adjuster() const {
@@ -113,10 +106,6 @@ void ToolsPageTest::Step(int field, WORD request) {
     Scroll(field, request);
     Scroll(field, SB_ENDSCROLL);
     HandlePosted();
-}
-
-void ToolsPageTest::Enter(int field, const char* text) {
-    SetWindowTextW(Item(field), Wide(text).c_str());
 }
 
 CalibrationRow MakeRow(int a, int b, int c, WORD extra) {

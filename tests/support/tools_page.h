@@ -20,8 +20,7 @@ class ToolsPageTest : public LonePageTest {
     void InstallBridge();
     void InstallBridge(const char* library);
 
-    /// Sends bytes to the page as a companion does.
-    void Answer(DWORD query, std::vector<BYTE> bytes);
+    using LonePageTest::Answer;
     /// The printer's answer with its table.
     void Answer(const CalibrationTable& table);
 
@@ -33,12 +32,10 @@ class ToolsPageTest : public LonePageTest {
     /// Current A, B, C and 16 bits of a row of the table that was sent last; "none" before.
     std::string Sent(int row) const;
 
-    HWND Item(int control) const { return GetDlgItem(page_, control); }
     HWND ArrowsOf(int field) const { return Item(field + 1); }
     /// As the arrows tell of a press of them, without and with what follows.
     void Scroll(int field, WORD request);
     void Step(int field, WORD request);
-    void Enter(int field, const char* text);
 
     WideString printer_ = TEXT("Badge room");
     BridgeNotes* notes_ = nullptr;  ///< of the tests' library once it is installed

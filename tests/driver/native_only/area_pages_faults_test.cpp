@@ -41,13 +41,7 @@ class AreaPageFaults : public LonePageTest {
         host::SetEnvironment(TEXT("PATH"), kPath);
         context_.PrinterName = printer_.data();
         context_.IsDuplexModel = 1;
-        context_.ComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
         Record().PrintSides = Record().ColorSides = kFrontSide | kBackSide;
-    }
-
-    void Notify(UINT code, UINT_PTR from = 0) {
-        NMHDR notification = {parent_, from, code};
-        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
     }
 
     // All that a page does, once, with the n-th call of a kind failing. False when there were

@@ -1,46 +1,37 @@
 // The Magnetic Encoding page as the stand-in sees it: what the shell and the file dialog are asked
 // for, and calls of the registry that fail.
-#include "lone_page.h"
-#include "printer_user_key.h"
+#include "magnetic_page.h"
 #include "platform/host.h"
-#include "resources/resource.h"
 #include "ui/common/language.h"
-#include "ui/pages/magnetic/magnetic_encoding_page.h"
-#include "ui/pages/magnetic/magnetic_store.h"
 
 #include <commdlg.h>
-#include <prsht.h>
 
 namespace test {
 namespace {
 
-const WideString kPrinter = TEXT("Badge room");
-
-class MagneticFaults : public LonePageTest {
+class MagneticFaults : public MagneticPageTest {
   protected:
     void SetUp() override {
-        LonePageTest::SetUp();
-        kPrinter.copy(Paper().dmDeviceName, CCHDEVICENAME);
-        context_.PrinterName = printer_.data();
-        context_.ComPropSheet = [](HANDLE, UINT, LPARAM, LPARAM) -> LONG_PTR { return 1; };
+        MagneticPageTest::SetUp();
         Record().MagOptions = kUsingDatabase;
         for (const WCHAR* file : {TEXT("C:\\Users\\a.txt"), TEXT("C:\\Users\\b.txt")}) {
             std::filesystem::create_directories(DiskPath(file).parent_path());
             WriteBytes(file, "%A?");
         }
     }
-    void Open() {
-        OpenPage(IDD_MAGNETIC_ENCODING, PageProc<kMagneticEncodingPage>);
-        TakeChanges();
+    /// In the order of storing.
+    static std::vector<const WCHAR*> Names() {
+        std::vector<const WCHAR*> names = {kStoredPath};
+        for (const auto& row : kMagneticTextRows) {
+            names.push_back(row.value);
+        }
+        return names;
     }
-    void Notify(UINT code) {
-        NMHDR notification = {parent_, 0, code};
-        SendMessageW(page_, WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&notification));
+    void StoreEverywhere(const WCHAR* text) const {
+        for (const WCHAR* name : Names()) {
+            key_.StoreText(name, text);
+        }
     }
-    std::string Path() const { return TextOf(GetDlgItem(page_, IDC_DATABASE_PATH)); }
-
-    WideString printer_ = kPrinter;
-    PrinterUserKey key_{kPrinter};
 };
 
 TEST_F(MagneticFaults, TheShellIsAskedForTheEncoderAndTheSample) {
@@ -66,7 +57,7 @@ TEST_F(MagneticFaults, TheShellIsAskedForTheEncoderAndTheSample) {
 }
 
 TEST_F(MagneticFaults, ADatabaseIsChosenInTheFileDialog) {
-    key_.StoreText(TEXT("UsingDatabaseFileName"), TEXT("C:\\Users\\a.txt"));
+    key_.StoreText(kStoredPath, TEXT("C:\\Users\\a.txt"));
     Open();
     SetDlgItemTextW(page_, IDC_DATABASE_PATH, TEXT("typed"));
     TakeChanges();
@@ -78,9 +69,9 @@ TEST_F(MagneticFaults, ADatabaseIsChosenInTheFileDialog) {
     Click(IDC_BROWSE_DATABASE);
     EXPECT_EQ(Path(), "C:\\Users\\b.txt");
     EXPECT_GT(TakeChanges(), 0);
-    EXPECT_EQ(key_.Stored(TEXT("UsingDatabaseFileName")), "1:28:C:\\Users\\a.txt");
+    EXPECT_EQ(key_.Stored(kStoredPath), "1:28:C:\\Users\\a.txt");
     Notify(PSN_APPLY);
-    EXPECT_EQ(key_.Stored(TEXT("UsingDatabaseFileName")), "1:520:C:\\Users\\b.txt+246z");
+    EXPECT_EQ(key_.Stored(kStoredPath), "1:520:C:\\Users\\b.txt+246z");
     host::AnswerFileDialog(TEXT(""));
     Click(IDC_BROWSE_DATABASE);
     ASSERT_EQ(host::FileDialogs().size(), 3u);
@@ -113,7 +104,7 @@ TEST_F(MagneticFaults, AFailedFileDialogIsTold) {
         {TEXT("Can't open file , Error code : %d =Fehler\r\n"),
          "Can't open file , Error code : 12290 ", "Error"},
     };
-    key_.StoreText(TEXT("UsingDatabaseFileName"), TEXT("a|b"));
+    key_.StoreText(kStoredPath, TEXT("a|b"));
     for (const auto& c : cases) {
         WriteWideText(LanguageFilePath, TEXT("[MagneticEncoding]\r\n") + WideString(c.language));
         Open();
@@ -133,29 +124,23 @@ TEST_F(MagneticFaults, AFailedFileDialogIsTold) {
 // Opening, then the six values in their order: the n-th call that fails keeps its own from being
 // stored, or all.
 TEST_F(MagneticFaults, ValuesAreStoredInTheirOrderWhateverFails) {
-    constexpr const WCHAR* kNames[] = {
-        TEXT("UsingDatabaseFileName"), TEXT("MagneticTrack1"), TEXT("MagneticTrack2"),
-        TEXT("MagneticTrack3"),        TEXT("FilterPrefix"),   TEXT("FilterSuffix"),
-    };
+    const std::vector<const WCHAR*> names = Names();
     for (unsigned n = 1; n <= 8; ++n) {
         SCOPED_TRACE(n);
-        for (const WCHAR* name : kNames) {
-            key_.StoreText(name, TEXT("old"));
-        }
+        StoreEverywhere(TEXT("old"));
         Open();
-        for (int control :
-             {IDC_TRACK_1, IDC_TRACK_2, IDC_TRACK_3, IDC_FILTER_PREFIX, IDC_FILTER_SUFFIX}) {
-            SetDlgItemTextW(page_, control, TEXT("n"));
+        for (const auto& row : kMagneticTextRows) {
+            Enter(row.control, "n");
         }
         const host::Holdings before = host::CurrentHoldings();
         host::FailCall(host::Call::kRegistry, n, ERROR_ACCESS_DENIED);
         Notify(PSN_APPLY);
         host::FailCall(host::Call::kRegistry, 0);
         EXPECT_EQ(host::CurrentHoldings(), before);
-        for (unsigned i = 0; i < std::size(kNames); ++i) {
+        for (unsigned i = 0; i < names.size(); ++i) {
             const bool kept = n == 1 || n == i + 2;
-            const std::string stored = key_.Stored(kNames[i]);
-            EXPECT_EQ(stored == "1:6:old", kept) << Narrow(kNames[i]) << stored;
+            const std::string stored = key_.Stored(names[i]);
+            EXPECT_EQ(stored == "1:6:old", kept) << Narrow(names[i]) << stored;
         }
     }
 }
@@ -163,11 +148,7 @@ TEST_F(MagneticFaults, ValuesAreStoredInTheirOrderWhateverFails) {
 TEST_F(MagneticFaults, TextsThatCannotBeReadAreEmpty) {
     constexpr int kControls[] = {IDC_DATABASE_PATH, IDC_TRACK_1,       IDC_TRACK_2,
                                  IDC_TRACK_3,       IDC_FILTER_PREFIX, IDC_FILTER_SUFFIX};
-    for (const WCHAR* name :
-         {TEXT("UsingDatabaseFileName"), TEXT("MagneticTrack1"), TEXT("MagneticTrack2"),
-          TEXT("MagneticTrack3"), TEXT("FilterPrefix"), TEXT("FilterSuffix")}) {
-        key_.StoreText(name, TEXT("old"));
-    }
+    StoreEverywhere(TEXT("old"));
     Open();
     const host::Holdings before = host::CurrentHoldings();
     for (unsigned n = 1; n <= 8; ++n) {
@@ -186,7 +167,7 @@ TEST_F(MagneticFaults, TextsThatCannotBeReadAreEmpty) {
 }
 
 TEST_F(MagneticFaults, WithoutMemoryOfItsOwnThePageWorksAsEver) {
-    key_.StoreText(TEXT("UsingDatabaseFileName"), TEXT("stored"));
+    key_.StoreText(kStoredPath, TEXT("stored"));
     Open();
     const host::Holdings before = host::CurrentHoldings();
     host::FailCall(host::Call::kGlobal, 1);
@@ -198,7 +179,7 @@ TEST_F(MagneticFaults, WithoutMemoryOfItsOwnThePageWorksAsEver) {
     Notify(PSN_SETACTIVE);
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(page_, IDC_TRACK_1)));
     Notify(PSN_APPLY);
-    EXPECT_EQ(key_.Stored(TEXT("UsingDatabaseFileName")), "1:520:stored+254z");
+    EXPECT_EQ(key_.Stored(kStoredPath), "1:520:stored+254z");
     Open();
     EXPECT_EQ(host::CurrentHoldings(), before);
 }
