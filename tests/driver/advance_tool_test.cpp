@@ -1,15 +1,14 @@
 // The Advance Tool dialog over a parent that stands for the Tools page.
 #include "ui/pages/tools/advance_tool.h"
 #include "lone_page.h"
-#include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
+#include "tools/computer/sample_library.h"
 #include "ui/common/language.h"
 
 #include <commctrl.h>
 
 #include <cstring>
-#include <memory>
 #include <optional>
 
 namespace test {
@@ -19,14 +18,19 @@ class AdvanceToolTest : public LonePageTest {
   protected:
     void SetUp() override {
         LonePageTest::SetUp();
-        library_.emplace();
+        Connect("");
         context_.PrinterName = printer_.data();
     }
     void TearDown() override {
-        library_.reset();
+        sample_.reset();
         LonePageTest::TearDown();
     }
 
+    void Connect(const std::string& state) {
+        sample_.reset();
+        sample_.emplace(state);
+        ASSERT_EQ(sample_->Reason(), "");
+    }
     /// Opens the dialog, in which page_ is the dialog, and closes it unless the user did.
     void Run(const std::function<void()>& use) {
         RunInLoop([&] {
@@ -64,7 +68,7 @@ class AdvanceToolTest : public LonePageTest {
     std::string Feed() const { return Looks(IDC_PLUS_R_APPLICATION) + Looks(IDC_FEED_FROM_OUTPUT); }
 
     WideString printer_ = TEXT("Badge room");
-    std::optional<DeviceLibrary> library_;  // on the fresh computer only
+    std::optional<computer::SamplePrinter> sample_;
 };
 
 TEST_F(AdvanceToolTest, ShowsWhatTheModelHas) {
@@ -114,8 +118,8 @@ TEST_F(AdvanceToolTest, StandsInTheMiddleOfTheScreenOverThePage) {
         EXPECT_EQ(GetWindow(page_, GW_OWNER), parent_);
         EXPECT_FALSE(IsWindowEnabled(parent_));
         EXPECT_EQ(TextOf(page_), "Extras");
-        EXPECT_EQ(TextOf(GetDlgItem(page_, IDOK)), "Ende");
-        EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_MOTOR_1_LABEL)), "#1:");
+        EXPECT_EQ(TextOf(Item(IDOK)), "Ende");
+        EXPECT_EQ(TextOf(Item(IDC_MOTOR_1_LABEL)), "#1:");
         RECT area;
         GetWindowRect(page_, &area);
         EXPECT_NEAR(area.left, GetSystemMetrics(SM_CXSCREEN) - area.right, 1);
@@ -264,70 +268,59 @@ TEST_F(AdvanceToolTest, TheWatermarkIsTakenOverAtOnce) {
 // ---- The motors ---------------------------------------------------------------------------------
 
 TEST_F(AdvanceToolTest, MotorSpeedsAreThePrinters) {
-    MotorNotes& notes = library_->Notes();
     const struct {
-        std::int8_t first, second;
+        const char* speeds;
         const char* shown;
-        int firstAfter, secondAfter;  // sent by "Apply"
-    } cases[] = {
-        {0, 0, "0 0, 0 0", 0, 0}, {-3, 4, "-3 -3, 4 4", -3, 4}, {7, -128, "5 7, -5 -128", 5, -5}};
+        const char* sent;  // by "Apply"
+    } cases[] = {{"0 0", "0 0, 0 0", "0 0"},
+                 {"-3 4", "-3 -3, 4 4", "-3 4"},
+                 {"7 -128", "5 7, -5 -128", "5 -5"}};
     for (const auto& c : cases) {
-        notes = {c.first, c.second, 0, 0, {}};
+        const auto state = [](const std::string& speeds) {
+            return "printer = Badge room\nmotors = " + speeds + "\n";
+        };
+        Connect(state(c.speeds));
         Run([&] {
             EXPECT_EQ(Motors(), c.shown);
-            EXPECT_EQ(WideString(notes.Printer, notes.Printer + 10), printer_);
-            EXPECT_EQ(notes.Reads * 10 + notes.Writes, 10);
+            EXPECT_EQ(sample_->State(), state(c.speeds));
             Click(IDC_MOTOR_APPLY);
         });
-        EXPECT_EQ(notes.Reads * 10 + notes.Writes, 11);
-        EXPECT_EQ(notes.First, c.firstAfter);
-        EXPECT_EQ(notes.Second, c.secondAfter);
+        EXPECT_EQ(sample_->State(), state(c.sent));
     }
 }
 
 TEST_F(AdvanceToolTest, AMovedSliderShowsItsValueAndIsSentByApply) {
-    MotorNotes& notes = library_->Notes();
-    notes = {1, -1, 0, 0, {}};
+    Connect("motors = 1 -1\n");
     Run([&] {
         const std::pair<WPARAM, const char*> keys[] = {{VK_RIGHT, "2 2, -1 -1"},
                                                        {VK_NEXT, "4 4, -1 -1"},
                                                        {VK_LEFT, "3 3, -1 -1"},
                                                        {VK_HOME, "-5 -5, -1 -1"}};
         for (const auto& [key, shown] : keys) {
-            Press(GetDlgItem(page_, IDC_MOTOR_1), static_cast<int>(key));
+            Press(Item(IDC_MOTOR_1), static_cast<int>(key));
             EXPECT_EQ(Motors(), shown);
         }
-        Press(GetDlgItem(page_, IDC_MOTOR_2), VK_PRIOR);
+        Press(Item(IDC_MOTOR_2), VK_PRIOR);
         EXPECT_EQ(Motors(), "-5 -5, -3 -3");
-        EXPECT_EQ(notes.Writes, 0);
+        EXPECT_EQ(sample_->State(), "motors = 1 -1\n");
         Click(IDC_MOTOR_APPLY);
-        EXPECT_EQ(notes.First, -5);
-        EXPECT_EQ(notes.Second, -3);
+        EXPECT_EQ(sample_->State(), "motors = -5 -3\n");
     });
     context_.PrinterName = nullptr;  // memory was short
     Run([&] { EXPECT_EQ(Motors(), "-5 -5, -3 -3"); });
-    EXPECT_EQ(notes.Printer[0], 0);
 }
 
-class NoMotorsTest : public LonePageTest {};
-
-TEST_F(NoMotorsTest, ALibraryThatCannotBeLoadedIsReported) {
-    std::filesystem::remove(DiskPath(DriverFolder() + TEXT("\\PrnBridge.dll")));
-    const std::string sample = std::filesystem::path(SampleCompanion()).string();
+TEST_F(AdvanceToolTest, ALibraryThatCannotBeLoadedIsReported) {
+    const std::string missing = "Error: Can't load library\n";
     for (const bool isThere : {false, true}) {
-        std::unique_ptr<DeviceLibrary> library;
+        sample_.reset();
         if (isThere) {
-            library = std::make_unique<DeviceLibrary>(sample);  // without the operation
+            Connect("fault = no calls\nmotors = 1 -1\n");
         }
-        RunInLoop([&] {
-            page_ = DialogWith(IDC_MOTOR_1);
-            EXPECT_EQ(Looks(IDC_MOTOR_1) + Looks(IDC_MOTOR_2_VALUE), "00");
-            SendDlgItemMessageW(page_, IDC_MOTOR_APPLY, BM_CLICK, 0, 0);
-            PostMessageW(page_, WM_CLOSE, 0, 0);
+        Run([&] {
+            EXPECT_EQ(Motors(), "0 0, 0 0");
+            Click(IDC_MOTOR_APPLY);
         });
-        RunAdvanceTool(parent_, context_);
-        page_ = nullptr;
-        const std::string missing = "Error: Can't load library\n";
         EXPECT_EQ(TakeMessages(), isThere ? "" : missing + missing);
     }
 }
@@ -338,45 +331,13 @@ TEST_F(AdvanceToolTest, EnterIsExitAndEscapeIsNot) {
     for (const auto& [key, after] : {std::pair{VK_RETURN, WORD{0x0100}}, {VK_ESCAPE, WORD{0}}}) {
         Record().PrinterOptionFlags = 0;
         Run([&, pressed = static_cast<WPARAM>(key)] {
-            HWND box = GetDlgItem(page_, IDC_NO_CLEANING_MODE);
+            HWND box = Item(IDC_NO_CLEANING_MODE);
             SetFocus(box);
             Press(box, VK_SPACE);
             EXPECT_EQ(Looks(IDC_NO_CLEANING_MODE), "x");
             Key(pressed);
         });
         EXPECT_EQ(Record().PrinterOptionFlags, after);
-    }
-}
-
-TEST_F(AdvanceToolTest, TabGoesThroughTheModelsControls) {
-    const struct {
-        DWORD kp41, kp43, kp49;
-        std::vector<int> stops;
-    } cases[] = {
-        {0,
-         1,
-         0,
-         {IDC_MOVE_TO_STANDBY, IDC_NO_ERROR_DIALOG, IDC_NO_CLEANING_MODE, IDC_NO_EJECT, IDOK}},
-        {1,
-         0,
-         1,
-         {IDC_MOTOR_1, IDC_MOTOR_2, IDC_MOTOR_APPLY, IDC_MOTOR_DESCRIPTION, IDC_MOVE_TO_STANDBY,
-          IDC_NO_ERROR_DIALOG, IDC_NO_CLEANING_MODE, IDC_NO_EJECT, IDC_PLUS_R_APPLICATION,
-          IDC_WATERMARK, IDC_WATERMARK_APPLY, IDOK}},
-    };
-    for (const auto& c : cases) {
-        SetModel(c.kp41, c.kp43, c.kp49);
-        Run([&] {
-            std::vector<int> stops;
-            HWND first = GetNextDlgTabItem(page_, nullptr, FALSE);
-            EXPECT_EQ(GetFocus(), first);
-            HWND stop = first;
-            do {
-                stops.push_back(GetDlgCtrlID(stop));
-                stop = GetNextDlgTabItem(page_, stop, FALSE);
-            } while (stop != first && stops.size() < 30);
-            EXPECT_EQ(stops, c.stops);
-        });
     }
 }
 

@@ -2,9 +2,9 @@
 #include "sheet_test.h"
 
 #include "core/driver_ui_contract.h"
-#include "motors.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
+#include "tools/computer/sample_library.h"
 #include "ui/common/language.h"
 #include "ui/common/module.h"
 #include "ui/pages/tools/advance_tool.h"
@@ -65,7 +65,7 @@ LONG SheetTest::RunOn(HANDLE printer, int button) {
 }
 
 void SheetTest::OpenAdvanceTool(const std::function<void(HWND)>& look) {
-    const DeviceLibrary library;
+    const computer::SamplePrinter printer("");
     DriverContext context = {};
     context.IsKP41Family = context.IsKP49 = 1;
     context.WorkingDevMode.Private.PlusRApplication = 1;

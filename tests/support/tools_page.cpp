@@ -1,22 +1,12 @@
 // One implementation for both platforms.
 #include "tools_page.h"
 
+#include "companions/device_io.h"
 #include "resources/resource.h"
 #include "ui/pages/tools/print_position.h"
 #include "ui/pages/tools/tools_page.h"
 
-#include <cstring>
-
 namespace test {
-namespace {
-
-std::string Numbers(const PrintPosition& at) {
-    return std::to_string(at.A) + " " + std::to_string(at.B) + " " + std::to_string(at.C) + " " +
-           std::to_string(at.Extra);
-}
-
-}  // namespace
-
 void ToolsPageTest::SetUp() {
     LonePageTest::SetUp();
     context_.PrinterName = printer_.data();
@@ -24,7 +14,7 @@ void ToolsPageTest::SetUp() {
 }
 
 void ToolsPageTest::TearDown() {
-    RemoveBridge();
+    sample_.reset();
     LonePageTest::TearDown();
 }
 
@@ -32,28 +22,23 @@ void ToolsPageTest::Open() {
     OpenPage(IDD_TOOLS, PageProc<kToolsPage>);
 }
 
-void ToolsPageTest::InstallBridge(const char* library) {
-    RemoveBridge();
-    std::filesystem::copy_file(library, DiskPath(BridgePath()));
+void ToolsPageTest::Connect(const std::string& state) {
+    sample_.reset();
+    sample_.emplace("printer = " + Narrow(printer_) + "\n" + state);
+    ASSERT_EQ(sample_->Reason(), "");
 }
 
-void ToolsPageTest::InstallBridge() {
-    InstallBridge(KPD_BRIDGE_COMPANION);
-    bridge_ = LoadLibraryW(BridgePath().c_str());
-    ASSERT_NE(bridge_, nullptr);
-    using NotesFunction = BridgeNotes*();
-    const auto notes =
-        reinterpret_cast<NotesFunction*>(reinterpret_cast<void*>(GetProcAddress(bridge_, "Notes")));
-    ASSERT_NE(notes, nullptr);
-    notes_ = notes();
+std::string ToolsPageTest::State() const {
+    const std::string state = sample_->State();
+    return state.substr(state.find('\n') + 1);
 }
 
-void ToolsPageTest::RemoveBridge() {
-    if (bridge_ != nullptr) {
-        FreeLibrary(std::exchange(bridge_, nullptr));
-        notes_ = nullptr;
-    }
-    std::filesystem::remove(DiskPath(BridgePath()));
+void ToolsPageTest::ExpectSent(const CalibrationTable& table) {
+    const std::string sent = State();
+    Connect();
+    SetCalibrationValues(printer_.c_str(), table);
+    EXPECT_EQ(sent, State());
+    Connect();
 }
 
 void ToolsPageTest::Answer(const CalibrationTable& table) {
@@ -79,23 +64,11 @@ std::string ToolsPageTest::Adjuster() const {
 
 std::string ToolsPageTest::Stored() const {
     const DevModePrivate& record = Record();
-    PrintPosition stored = {};
-    stored.A = static_cast<std::int8_t>(record.PrintPositionA);
-    stored.B = static_cast<std::int8_t>(record.PrintPositionB);
-    stored.C = static_cast<std::int8_t>(record.PrintPositionC);
-    stored.Extra = record.PrintPositionExtra;
-    return Numbers(stored);
-}
-
-std::string ToolsPageTest::Sent(int row) const {
-    if (notes_->Sent == 0) {
-        return "none";
+    std::string stored;
+    for (const BYTE value : {record.PrintPositionA, record.PrintPositionB, record.PrintPositionC}) {
+        stored += std::to_string(static_cast<std::int8_t>(value)) + " ";
     }
-    EXPECT_EQ(notes_->TableSize, 128u);
-    EXPECT_EQ(WideString(notes_->Printer), printer_);
-    CalibrationTable table;
-    std::memcpy(&table, notes_->Table, sizeof(table));
-    return Numbers(table[static_cast<size_t>(row)].Current);
+    return stored + std::to_string(record.PrintPositionExtra);
 }
 
 void ToolsPageTest::Scroll(int field, WORD request) {

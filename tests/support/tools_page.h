@@ -1,11 +1,11 @@
-// The fixture for the Tools page by itself, with or without a printer's device I/O library.
+// The fixture for the Tools page by itself, with the sample printer connected or not.
 #pragma once
 
-#include "bridge_companion.h"
 #include "companions/calibration_table.h"
 #include "lone_page.h"
+#include "tools/computer/sample_library.h"
 
-#include <vector>
+#include <optional>
 
 namespace test {
 
@@ -16,9 +16,11 @@ class ToolsPageTest : public LonePageTest {
 
     void Open();
 
-    /// Puts the tests' device I/O library, or another one, into the driver directory.
-    void InstallBridge();
-    void InstallBridge(const char* library);
+    /// Connects a printer in that state, which answers to the page's name for it alone, in place of
+    /// the one before.
+    void Connect(const std::string& state = "");
+    /// The state without that name.
+    std::string State() const;
 
     using LonePageTest::Answer;
     /// The printer's answer with its table.
@@ -29,8 +31,8 @@ class ToolsPageTest : public LonePageTest {
     std::string Adjuster() const;
     /// The record's A, B, C and further 16 bits.
     std::string Stored() const;
-    /// Current A, B, C and 16 bits of a row of the table that was sent last; "none" before.
-    std::string Sent(int row) const;
+    /// This table was sent to the printer since it was connected; it is connected anew.
+    void ExpectSent(const CalibrationTable& table);
 
     HWND ArrowsOf(int field) const { return Item(field + 1); }
     /// As the arrows tell of a press of them, without and with what follows.
@@ -38,12 +40,9 @@ class ToolsPageTest : public LonePageTest {
     void Step(int field, WORD request);
 
     WideString printer_ = TEXT("Badge room");
-    BridgeNotes* notes_ = nullptr;  ///< of the tests' library once it is installed
 
   private:
-    WideString BridgePath() const { return DriverFolder() + TEXT("\\PrnBridge.dll"); }
-    void RemoveBridge();
-    HMODULE bridge_ = nullptr;
+    std::optional<computer::SamplePrinter> sample_;
 };
 
 /// A row of the table by its offsets from defaults that are all different.

@@ -1,9 +1,9 @@
 // The Advance Tool dialog when calls of the platform fail.
 #include "lone_page.h"
-#include "motors.h"
 #include "platform/host.h"
 #include "resources/resource.h"
 #include "sheet_pages.h"
+#include "tools/computer/sample_library.h"
 #include "ui/common/tooltip.h"
 #include "ui/pages/tools/advance_tool.h"
 
@@ -14,7 +14,7 @@ using AdvanceToolFaults = LonePageTest;
 
 // Nothing is held, and the record is what the user could see and leave with "Exit".
 TEST_F(AdvanceToolFaults, CallsThatFail) {
-    const DeviceLibrary library;
+    const computer::SamplePrinter printer("");
     const auto open = [&] {
         Record().PrinterOptionFlags = 0;
         bool opened = false;
