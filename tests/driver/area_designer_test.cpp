@@ -17,66 +17,62 @@ class AreaDesignerTest : public DriverTest {
     ApplicationData applicationData_;
 };
 
-void Put(std::string& bytes, size_t at, DWORD value, size_t size) {
+std::string Hex(const void* bytes, size_t size) {
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    std::string text;
     for (size_t i = 0; i < size; ++i) {
-        bytes[at + i] = static_cast<char>(value >> 8 * i);
+        const BYTE byte = static_cast<const BYTE*>(bytes)[i];
+        text += {kDigits[byte >> 4], kDigits[byte & 15]};
     }
+    return text;
 }
 
-// The bytes before the two folders.
-std::string ExpectedParams(BYTE surface, bool isPortrait, bool forDesigner, bool isLong,
-                           WORD index) {
-    std::string bytes(32, '\0');
-    const DWORD longSide = isLong ? 1700 : 1014;
-    const bool longFirst = forDesigner ? !isPortrait : isPortrait;
-    Put(bytes, 0, 168, 4);
-    Put(bytes, 4, 1, 4);
-    Put(bytes, 8, surface, 1);
-    Put(bytes, 9, isPortrait ? 1 : 2, 1);
-    Put(bytes, 10, index, 2);
-    Put(bytes, 12, longFirst ? longSide : 642, 4);
-    Put(bytes, 16, longFirst ? 642 : longSide, 4);
-    Put(bytes, 20, 300, 2);
-    Put(bytes, 22, 300, 2);
-    Put(bytes, 24, 1, 1);
-    Put(bytes, 25, 0x20, 1);
-    return bytes;
-}
-
+// What differs of the record: surface, orientation, area index and both extents, in hexadecimal.
 TEST_F(AreaDesignerTest, IsToldOfTheCard) {
-    constexpr BYTE kFrontSurfaces[] = {3, 4, 1, 3, 1, 3, 3};
-    constexpr BYTE kBackSurfaces[] = {3, 3, 3, 2, 2, 3, 3};
+    const struct {
+        int cardType;
+        SHORT paper, orientation;
+        const char* front;
+        const char* back;
+        const char* listed;  // orientation, then the rest
+        const char* designed;
+    } cases[] = {
+        {0, 560, 2, "03", "03", "02 0000 82020000F6030000", "02 CDAB F603000082020000"},
+        {1, 560, 2, "04", "03", "02 0000 82020000F6030000", "02 CDAB F603000082020000"},
+        {2, 560, 0, "01", "03", "02 0000 82020000F6030000", "02 CDAB F603000082020000"},
+        {3, 561, 3, "03", "02", "02 0000 82020000A4060000", "02 CDAB A406000082020000"},
+        {4, 561, 1, "01", "02", "01 0000 A406000082020000", "01 CDAB 82020000A4060000"},
+        {5, 1, 1, "03", "03", "01 0000 F603000082020000", "01 CDAB 82020000F6030000"},
+        {6, 0, 2, "03", "03", "02 0000 82020000F6030000", "02 CDAB F603000082020000"},
+        {255, -1, 2, "03", "03", "02 0000 82020000F6030000", "02 CDAB F603000082020000"},
+    };
     applicationData_.Store(TEXT("C:\\Data"));
     AreaFolders folders;
     ASSERT_TRUE(FindAreaFolders(folders));
     EXPECT_STREQ(folders.Areas, "C:\\Data\\Mirv\\PrtArea\\");
     EXPECT_STREQ(folders.Driver, (Narrow(DriverFolder()) + "\\").c_str());
     DevModeRecord record = DefaultRecord();
-    for (int type = 0; type < 256; ++type) {
-        for (const SHORT paper : {560, 561, 559, 1, 0, -1}) {
-            for (const SHORT orientation : {1, 2, 0, 3}) {
-                record.Private.CardType = static_cast<BYTE>(type);
-                record.Public.dmPaperSize = paper;
-                record.Public.dmOrientation = orientation;
-                for (const AreaSide side : {kFrontArea, kBackArea}) {
-                    const int row = std::min(type, 6);
-                    const BYTE surface =
-                        side == kFrontArea ? kFrontSurfaces[row] : kBackSurfaces[row];
-                    const PrintAreaParams listed = EnumerationParams(record, side, folders);
-                    const PrintAreaParams designed = DesignerParams(record, side, folders, 0xABCD);
-                    ASSERT_EQ(std::string(reinterpret_cast<const char*>(&listed), 32),
-                              ExpectedParams(surface, orientation == 1, false, paper == 561, 0))
-                        << type << " " << paper << " " << orientation << " " << side;
-                    ASSERT_EQ(std::string(reinterpret_cast<const char*>(&designed), 32),
-                              ExpectedParams(surface, orientation == 1, true, paper == 561, 0xABCD))
-                        << type << " " << paper << " " << orientation << " " << side;
-                    for (const PrintAreaParams* params : {&listed, &designed}) {
-                        EXPECT_EQ(params->Driver, folders.Driver);
-                        EXPECT_EQ(params->Areas, folders.Areas);
-                    }
-                    EXPECT_EQ(std::string(listed.LanguageFile, 120), std::string(120, '\0'));
-                }
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.cardType);
+        record.Private.CardType = static_cast<BYTE>(c.cardType);
+        record.Public.dmPaperSize = c.paper;
+        record.Public.dmOrientation = c.orientation;
+        for (const AreaSide side : {kFrontArea, kBackArea}) {
+            const PrintAreaParams listed = EnumerationParams(record, side, folders);
+            const PrintAreaParams designed = DesignerParams(record, side, folders, 0xABCD);
+            for (const auto& [params, expected] :
+                 {std::pair{&listed, c.listed}, std::pair{&designed, c.designed}}) {
+                std::string bytes = Hex(params, 32);
+                EXPECT_EQ(bytes.substr(0, 16), "A800000001000000");
+                EXPECT_EQ(bytes.substr(16, 2), side == kFrontArea ? c.front : c.back);
+                EXPECT_EQ(
+                    bytes.substr(18, 2) + " " + bytes.substr(20, 4) + " " + bytes.substr(24, 16),
+                    expected);
+                EXPECT_EQ(bytes.substr(40), "2C012C010120000000000000");
+                EXPECT_EQ(params->Driver, folders.Driver);
+                EXPECT_EQ(params->Areas, folders.Areas);
             }
+            EXPECT_EQ(std::string(listed.LanguageFile, 120), std::string(120, '\0'));
         }
     }
 }

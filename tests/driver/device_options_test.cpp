@@ -240,57 +240,39 @@ TEST_F(DeviceOptionsTest, WhatAChoiceDoes) {
 }
 
 TEST_F(DeviceOptionsTest, PlainBoxesAndRadioButtons) {
+    constexpr RecordField kOrientation = RECORD_FIELD(Public.dmOrientation);
+    constexpr RecordField kLock = RECORD_FIELD(Private.OrientationLock);
+    constexpr RecordField kWhite = RECORD_FIELD(Private.WhiteSkip);
+    constexpr RecordField kMode = RECORD_FIELD(Private.PrintingMode);
     const struct {
         int control;
-        int (*value)(const DriverContext&);
-        int before;
-        int after;
+        RecordField field;
+        DWORD before, after;
         const char* looks;
         const char* redrawn;
     } cases[] = {
-        {IDC_PORTRAIT,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Public.dmOrientation}; }, 2,
-         DMORIENT_PORTRAIT, "x", "front back order"},
-        {IDC_LANDSCAPE,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Public.dmOrientation}; }, 1,
-         DMORIENT_LANDSCAPE, "x", "front back order"},
-        {IDC_ORIENTATION_LOCK,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.OrientationLock}; }, 0, 1,
-         "x", ""},
-        {IDC_ORIENTATION_LOCK,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.OrientationLock}; }, 7, 0,
-         ".", ""},
-        {IDC_NO_WHITE_SKIP,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.WhiteSkip}; }, 1, 0, "x",
-         ""},
-        {IDC_NO_WHITE_SKIP,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.WhiteSkip}; }, 0, 1, ".",
-         ""},
-        {IDC_SKIP_BLANK_PAGE,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.SkipBlankPage}; }, 0, 1,
-         "-", ""},
-        {IDC_PRINT_AS_OTHER_MODEL,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.PrintAsOtherModel}; }, 2,
-         0, "-", ""},
-        {IDC_STANDARD_MODE,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.PrintingMode}; }, 0, 1,
-         "-", ""},
-        {IDC_PHOTO_MODE,
-         [](const DriverContext& c) { return int{c.WorkingDevMode.Private.PrintingMode}; }, 1, 0,
-         "-", ""},
+        {IDC_PORTRAIT, kOrientation, DMORIENT_LANDSCAPE, DMORIENT_PORTRAIT, "x",
+         "front back order"},
+        {IDC_LANDSCAPE, kOrientation, DMORIENT_PORTRAIT, DMORIENT_LANDSCAPE, "x",
+         "front back order"},
+        {IDC_ORIENTATION_LOCK, kLock, 0, 1, "x", ""},
+        {IDC_ORIENTATION_LOCK, kLock, 7, 0, ".", ""},
+        {IDC_NO_WHITE_SKIP, kWhite, 1, 0, "x", ""},
+        {IDC_NO_WHITE_SKIP, kWhite, 0, 1, ".", ""},
+        {IDC_SKIP_BLANK_PAGE, RECORD_FIELD(Private.SkipBlankPage), 0, 1, "-", ""},
+        {IDC_PRINT_AS_OTHER_MODEL, RECORD_FIELD(Private.PrintAsOtherModel), 2, 0, "-", ""},
+        {IDC_STANDARD_MODE, kMode, 0, 1, "-", ""},
+        {IDC_PHOTO_MODE, kMode, 1, 0, "-", ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.control);
-        const BYTE before = static_cast<BYTE>(c.before);
-        Paper().dmOrientation = static_cast<SHORT>(c.before);
-        Record().OrientationLock = Record().WhiteSkip = Record().SkipBlankPage =
-            Record().PrintAsOtherModel = Record().PrintingMode = before;
+        WriteField(context_.WorkingDevMode, c.field, c.before);
         Open();
         TakeChanges();
         MarkPictures();
         Click(c.control);
         EXPECT_EQ(TakeChanges(), 1);
-        EXPECT_EQ(c.value(context_), c.after);
+        EXPECT_EQ(ReadField(context_.WorkingDevMode, c.field), c.after);
         EXPECT_EQ(Looks(c.control), c.looks);
         EXPECT_EQ(Redrawn(), c.redrawn);
     }
@@ -395,20 +377,31 @@ TEST_F(DeviceOptionsTest, Copies) {
     EXPECT_EQ(Paper().dmCopies, 12);
 }
 
+// Whatever section another page has left.
 TEST_F(DeviceOptionsTest, ListsAreTranslatedAlsoWhenTheyAreFilledAnew) {
     WriteWideText(LanguageFilePath, TEXT("[DeviceOption]\r\nText only=Nur Text\r\nK=Schwarz\r\n"
-                                         "Color Printing=Farbe\r\n0.8 mm=0,8 mm\r\n"));
+                                         "Color Printing=Farbe\r\n0.8 mm=0,8 mm\r\n"
+                                         "Adhesive Card=Klebekarte\r\nResin Dither=Raster\r\n"));
     Record().ResinOptions = 0x10;
     Open();
     EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Nur Text of 7");
     EXPECT_EQ(Looks(IDC_THICKNESS), "0,8 mm of 4");
-    EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_FRONT_COLOR)), "Farbe");
+    EXPECT_EQ(TextOf(Item(IDC_FRONT_COLOR)), "Farbe");
     Choose(IDC_RIBBON, kK);
     EXPECT_EQ(Looks(IDC_RIBBON), "Schwarz of 6");
-    SetSection(TEXT("Tools"));  // as another page leaves it
+    SetSection(TEXT("Tools"));
     Choose(IDC_RIBBON, kYMCKO);
     Choose(IDC_FRONT_RESIN, 2);
     EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Nur Text of 7");
+    // The record is replaced.
+    BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, TEXT("Mirv KP-430e"));
+    SetSection(TEXT("Import/Export"));
+    FillPage(kDeviceOptionsPage, context_);
+    EXPECT_EQ(Looks(IDC_RIBBON), "Schwarz of 6");
+    EXPECT_EQ(Looks(IDC_CARD_TYPE), "Klebekarte of 6");
+    EXPECT_EQ(Looks(IDC_THICKNESS), "0,8 mm of 4");
+    EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Raster of 2");
+    EXPECT_EQ(TextOf(Item(IDC_FRONT_COLOR)), "Farbe");
 }
 
 TEST_F(DeviceOptionsTest, ACardThatEndsKOnlyOnBackLeavesTheBackEveryUse) {
@@ -447,22 +440,6 @@ TEST_F(DeviceOptionsTest, AReplacedRecordIsShown) {
     EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_COPIES)), "7");
     DestroyWindow(std::exchange(page_, nullptr));
     EXPECT_EQ(context_.PageWindows[kDeviceOptionsSlot], nullptr);
-}
-
-TEST_F(DeviceOptionsTest, AReplacedRecordIsShownInTheUsersLanguage) {
-    WriteWideText(LanguageFilePath,
-                  TEXT("[DeviceOption]\r\nK=Schwarz\r\nAdhesive Card=Klebekarte\r\n"
-                       "0.8 mm=0,8 mm\r\nResin Dither=Raster\r\n"
-                       "Color Printing=Farbe\r\n"));
-    Open();
-    BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, TEXT("Mirv KP-430e"));
-    SetSection(TEXT("Import/Export"));
-    FillPage(kDeviceOptionsPage, context_);
-    EXPECT_EQ(Looks(IDC_RIBBON), "Schwarz of 6");
-    EXPECT_EQ(Looks(IDC_CARD_TYPE), "Klebekarte of 6");
-    EXPECT_EQ(Looks(IDC_THICKNESS), "0,8 mm of 4");
-    EXPECT_EQ(Looks(IDC_FRONT_RESIN), "Raster of 2");
-    EXPECT_EQ(TextOf(GetDlgItem(page_, IDC_FRONT_COLOR)), "Farbe");
 }
 
 TEST_F(DeviceOptionsTest, ASideSwitchedOnUnderARibbonOfNoClassKeepsItsPanelsHidden) {

@@ -2,7 +2,6 @@
 #include "ui/common/numeric_field.h"
 
 #include "message_boxes.h"
-#include "numeric_fields.h"
 #include "resources/resource.h"
 #include "ui/common/language.h"
 #include "window_test.h"
@@ -15,18 +14,28 @@
 namespace test {
 namespace {
 
-constexpr TextField kTextFields[] = {
-    {IDC_TRACK_1, ' ', 'z', TEXT("%?`")}, {IDC_TRACK_2, '0', '>', TEXT(";")},
-    {IDC_TRACK_3, '0', '>', TEXT(";")},   {IDC_FILTER_PREFIX, '!', '~'},
-    {IDC_FILTER_SUFFIX, '!', '~'},
+// Fields of every kind and range that the pages have.
+constexpr const WCHAR* kRange = kIntegerRange;
+constexpr NumberKind kInteger = NumberKind::kInteger;
+// clang-format off
+constexpr NumericField kNumericFields[] = {
+    // control, arrows, kind, range, extra character, key's message and section, validation's, steps
+    {IDC_COPIES, IDC_COPIES_SCROLL, kInteger, 1, 9999, 0, TEXT("Press up and down button to adjust copies (1-9999)."), kDeviceOptionSection, kToolsSection},
+    {IDC_BRIGHTNESS, 0, kInteger, -100, 100, '-', kRange, kSettingSection, kSettingSection},
+    {IDC_CYAN, 0, kInteger, -100, 100, '-', kRange, kSettingSection, kSettingSection},
+    {IDC_SHARPNESS, 0, kInteger, 0, 100, 0, kRange, kSettingSection, kSettingSection},
+    {IDC_GAMMA, 0, NumberKind::kHundredths, kHundredthsMinimum, kHundredthsMaximum, '.', TEXT("Enter from 0.10 - 9.99 ."), kSettingSection, kSettingSection},
+    {IDC_POSITION_A, IDC_POSITION_A_SCROLL, kInteger, -10, 10, '-', kRange, kToolsSection, kSettingSection, true},
+    {IDC_POSITION_B, IDC_POSITION_B_SCROLL, kInteger, -20, 20, '-', kRange, kToolsSection, kSettingSection, true},
+    {IDC_RETRY_CARDS, IDC_RETRY_CARDS_SCROLL, kInteger, 0, 10, 0, kRange, kMagneticEncodingSection, kToolsSection},
+    {IDC_START_RECORD, IDC_START_RECORD_SCROLL, kInteger, 1, 2147483647, 0, kRange, kMagneticEncodingSection, kToolsSection},
+    {IDC_LAMINATION_B, IDC_LAMINATION_B_SCROLL, kInteger, -15, 15, '-', kRange, kLaminationSection, kSettingSection},
 };
+// clang-format on
 
-template <typename Rows>
-const auto& RowOf(const Rows& rows, int control) {
-    return *std::ranges::find_if(rows, [&](const auto& row) { return row.Control == control; });
-}
 const NumericField& FieldRow(int control) {
-    return RowOf(kNumericFields, control);
+    return *std::ranges::find_if(kNumericFields,
+                                 [&](const NumericField& row) { return row.Control == control; });
 }
 
 class NumericFieldTest : public WindowTest {
@@ -164,25 +173,6 @@ TEST_F(NumericFieldTest, OtherKeysAndTypedCharacters) {
     DWORD start = 99;
     SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), 0);
     EXPECT_EQ(start, 0u);
-}
-
-TEST_F(NumericFieldTest, TextFieldsTakeTheirCharacters) {
-    const struct {
-        int id;
-        const char* typed;
-        const char* text;
-    } cases[] = {
-        {IDC_TRACK_1, "A%b?c`d {z", "Abcd z"}, {IDC_TRACK_2, "0;9:<=>A 1\b", "09:<=>"},
-        {IDC_TRACK_3, "12;x", "12"},           {IDC_FILTER_PREFIX, "~1 4$", "~14$"},
-        {IDC_FILTER_SUFFIX, " &&~Y", "&&~Y"},
-    };
-    for (const auto& c : cases) {
-        HWND edit = Control(TEXT("Edit"), TEXT(""), ES_AUTOHSCROLL, c.id);
-        SubclassTextField(edit, RowOf(kTextFields, c.id));
-        Type(edit, c.typed);
-        EXPECT_EQ(TextOf(edit), c.text) << c.typed;
-        DestroyWindow(edit);
-    }
 }
 
 TEST_F(NumericFieldTest, EachFieldGoesBackToItsOwnProcedure) {

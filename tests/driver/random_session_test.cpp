@@ -57,39 +57,6 @@ bool MayDiffer(const DevModePrivate& record, bool choseRibbon) {
     return record.KOnlyOnBack != 0 || (record.BlackByYmcK != 0 && choseRibbon) || greyAndBlack;
 }
 
-// What the record says of a side after its entry of that text has been chosen.
-bool SaysEntry(const DevModePrivate& record, const CardSide& side, const std::string& entry) {
-    const int options = record.ResinOptions & side.ResinMask;
-    const bool color = (record.ColorSides & side.Bit) != 0;
-    const bool mixed = (record.BlackByYmcK & side.Bit) != 0;
-    const bool blackAndWhite = (record.ResinOptions2 & side.BlackAndWhite) != 0;
-    if (record.RibbonType == kRibbonK || record.RibbonType == kRibbonKO) {
-        const int use = options & (side.BlackByResin | side.Dither);
-        return entry == "Black/White"    ? use == side.BlackByResin
-               : entry == "Resin Dither" ? use == side.Dither
-                                         : use == 0 && (record.ResinOptions2 & side.Grey) != 0;
-    }
-    const struct {
-        const char* entry;
-        int options;
-        bool blackAndWhite, mixed;
-    } kEntries[] = {{"Disable", 0, false, false},
-                    {"Black by Resin K", side.BlackByResin, false, false},
-                    {"Text only", side.TextOnly, false, false},
-                    {"Disable doing color printing", side.ColorDisabled, false, false},
-                    {"Black/White", 0, true, false},
-                    {"Resin Dither", side.Dither, false, false},
-                    {"Black by YMC+K", side.BlackByResin, false, true}};
-    for (const auto& each : kEntries) {
-        if (entry == each.entry) {
-            const bool printsBlackAlone = each.blackAndWhite || each.options == side.Dither;
-            return options == each.options && blackAndWhite == each.blackAndWhite &&
-                   mixed == each.mixed && color != printsBlackAlone;
-        }
-    }
-    return false;
-}
-
 class RandomSessionTest : public OptionsPageTest {
   protected:
     /// Acts on a control if it is shown and enabled; gives the control, 0 when it is not.
@@ -134,7 +101,7 @@ class RandomSessionTest : public OptionsPageTest {
 TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
     const ModelFlags models[] = {{}, kDuplexOnly, kSimplex, kKP43};
     int compared = 0;
-    for (int seed = 0; seed < Rounds(100); ++seed) {
+    for (int seed = 0; seed < Rounds(40); ++seed) {
         RandomUser user(static_cast<unsigned>(seed));
         SCOPED_TRACE(seed);
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
@@ -148,12 +115,6 @@ TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
             done += std::to_string(control) + " ";
             choseRibbon = choseRibbon || control == IDC_RIBBON;
             EXPECT_TRUE(OffersWhatChoicesDo()) << Options() << " after " << done;
-            if (control == IDC_FRONT_RESIN || control == IDC_BACK_RESIN) {
-                const std::string looks = Looks(control);
-                EXPECT_TRUE(SaysEntry(Record(), control == IDC_FRONT_RESIN ? kFront : kBack,
-                                      looks.substr(0, looks.find(" of "))))
-                    << looks << ": " << Options() << " after " << done;
-            }
         }
         DevModeRecord merged;
         BuildDefaultDevMode(&merged, nullptr, nullptr);
@@ -167,7 +128,7 @@ TEST_F(RandomSessionTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
             EXPECT_EQ(LooksOfAll(), looks) << options << " after " << done;
         }
     }
-    EXPECT_GT(compared, Rounds(20));
+    EXPECT_GT(compared, Rounds(8));
 }
 
 // ---- Colours ----------------------------------------------------------------------------------
@@ -241,7 +202,7 @@ class RandomColorsTest : public ColorPageTest {
 
 TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
     int kept = 0;
-    for (int seed = 0; seed < Rounds(100); ++seed) {
+    for (int seed = 0; seed < Rounds(40); ++seed) {
         RandomUser user(static_cast<unsigned>(seed));
         SCOPED_TRACE(seed);
         BuildDefaultDevMode(&context_.WorkingDevMode, nullptr, nullptr);
@@ -275,7 +236,7 @@ TEST_F(RandomColorsTest, WhateverTheUserDoesThePageAgreesWithTheRecord) {
         left.Private.SkinSliderV = Record().SkinSliderV;  // by opening alone
         EXPECT_EQ(std::memcmp(&left, &context_.WorkingDevMode, sizeof(left)), 0);
     }
-    EXPECT_GT(kept, Rounds(20));
+    EXPECT_GT(kept, Rounds(8));
 }
 
 }  // namespace
