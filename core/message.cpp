@@ -1,19 +1,20 @@
 // Messages to the user.
 #include "core/message.h"
 
+#include <atomic>
+
 namespace {
 
-DWORD waitingThread;  // that shows a box; 0 when none does
+constinit std::atomic<int> boxesShown;  // by sheets of any thread
 
 }  // namespace
 
 void ShowMessage(const WCHAR* text, const WCHAR* title, UINT icon) {
-    const DWORD before = waitingThread;
-    waitingThread = GetCurrentThreadId();
+    ++boxesShown;
     MessageBoxW(nullptr, text, title, icon | MB_OK);
-    waitingThread = before;
+    --boxesShown;
 }
 
 bool IsMessageShown() {
-    return waitingThread == GetCurrentThreadId();
+    return boxesShown != 0;
 }

@@ -6,5 +6,5 @@
 /// Shows a box with an OK button that belongs to no window. `icon` is MB_ICON..., or 0.
 void ShowMessage(const WCHAR* text, const WCHAR* title, UINT icon = MB_ICONERROR);
 
-/// Whether such a box of this thread waits to be answered.
+/// Whether such a box waits to be answered, whichever sheet of the process shows it.
 bool IsMessageShown();

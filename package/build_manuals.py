@@ -74,14 +74,16 @@ def main():
     _, languages = read_documents(MANUALS, options.languages, every_dialog=False)
     if options.check or faults:
         return report_faults()
-    # Taking the glyphs that are used out of a Chinese font takes its time.
-    with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as setters:
+    with tempfile.TemporaryDirectory() as folder:
+        sources, files = [], []
         for suffix in options.languages:
-            pages, sources = languages[suffix], pathlib.Path(folder) / suffix
-            write_sources(suffix, pages, options.kpdtool, sources)
-            for name in pages:
-                file = name.title().replace("-", "") + f"{suffix}.pdf"
-                setters.submit(set_pages, sources / f"{name}.html", options.out / file)
+            pages = languages[suffix]
+            write_sources(suffix, pages, options.kpdtool, pathlib.Path(folder) / suffix)
+            sources += [pathlib.Path(folder) / suffix / f"{name}.html" for name in pages]
+            files += [options.out / (name.title().replace("-", "") + f"{suffix}.pdf") for name in pages]
+        # Taking the glyphs that are used out of a Chinese font takes its time.
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as setters:
+            list(setters.map(set_pages, sources, files))  # which raises what a setter has raised
     return report_faults()
 
 

@@ -346,8 +346,8 @@ def check_language(folder, suffix, pages, english, names):
 
 def read_documents(folder, wanted, every_dialog):
     """The documents of a folder and, of English and each wanted language, its pages by the documents'
-    names; checked, the other languages against English. `every_dialog` of the
-    driver has to be explained, or those alone that documents.txt names."""
+    names; checked, the other languages against English. `every_dialog` of the driver has to be
+    explained, or those alone that documents.txt names."""
     documents, unseen, plain = read_list(folder)
     files = {suffix: file for suffix in LANGUAGES if (file := read_language_file(suffix))}
     driver_texts = read_driver_texts()
@@ -390,6 +390,8 @@ def run_session(kpdtool, script, printer, state, *further):
 def take_pictures(kpdtool, sessions, language, folder):
     """Pictures of dialogs, as `sessions` says: the script, its printer and which pictures."""
     for script, printer, names in sessions:
+        if not names:
+            continue
         with tempfile.TemporaryDirectory() as state:
             state = pathlib.Path(state)
             run_session(kpdtool, script, printer, state, "--language", language.tag,

@@ -242,36 +242,28 @@ click "Import Driver Setting"
 
 TEST_F(ImportExportTest, SaysWhatIsWrongWithAFile) {
     const std::string good = File(DefaultRecord(), 3);
-    Store("header.mcs", "\xAB" + good.substr(1));
-    Store("empty.mcs", "");
-    Store("keyword.mcs", good.substr(0, 19) + "I" + good.substr(20));
-    Store("bad.mcs", good.substr(0, 24) + "\x0A" + good.substr(25));
-    Store("nothing.mcs", good.substr(0, 22) + "\xAA\xFF");
     DevModeRecord record = DefaultRecord();
     record.Public.dmCopies = 99;
-    Store("short.mcs", File(record, 1).substr(0, 40));  // offered, and not applied
-    Play(R"(
-page "Import/Export"
-answer "$/header.mcs"
-click "Import Driver Setting"
-expect message "Can't find file Header"
-answer "$/empty.mcs"
-click "Import Driver Setting"
-expect message "Can't find file Header"
-answer "$/keyword.mcs"
-click "Import Driver Setting"
-expect message "Can't find file Keyword"
-answer "$/bad.mcs"
-click "Import Driver Setting"
-expect message "Bad File !"
-answer "$/nothing.mcs"
-click "Import Driver Setting"
-expect message "Can't find out any useful export data!"
-answer "$/short.mcs"
-click "Import Driver Setting"
-click "OK"
-expect field dmCopies 1
-)");
+    const struct {
+        std::string bytes;
+        const char* then;
+    } cases[] = {
+        {"\xAB" + good.substr(1), "expect message \"Can't find file Header\""},
+        {"", "expect message \"Can't find file Header\""},
+        {good.substr(0, 19) + "I" + good.substr(20), "expect message \"Can't find file Keyword\""},
+        {good.substr(0, 24) + "\x0A" + good.substr(25), "expect message \"Bad File !\""},
+        {good.substr(0, 22) + "\xAA\xFF",
+         "expect message \"Can't find out any useful export data!\""},
+        // Offered, and not applied.
+        {File(record, 1).substr(0, 40), "click \"OK\"\nexpect field dmCopies 1"},
+    };
+    std::string steps = "page \"Import/Export\"\n";
+    for (const auto& c : cases) {
+        const std::string name = std::to_string(&c - cases) + ".mcs";
+        Store(name, c.bytes);
+        steps += "answer \"$/" + name + "\"\nclick \"Import Driver Setting\"\n" + c.then + "\n";
+    }
+    Play(steps);
 }
 
 // ---- What pages make of an import -------------------------------------------------------------

@@ -2,12 +2,10 @@
 // memory, and calls of the platform that fail.
 #include "guarded_buffer.h"
 #include "lone_page.h"
-#include "platform/host.h"
+#include "native_only.h"
 #include "resources/resource.h"
 #include "ui/common/controls.h"
 #include "ui/pages/about/about_page.h"
-
-#include <functional>
 
 namespace test {
 namespace {
@@ -50,23 +48,6 @@ class AboutFaults : public LonePageTest {
         ReleaseDC(page_, screen);
         return pixels;
     }
-    /// Does it with each call of that kind failing once; the number of the calls.
-    unsigned FailEach(host::Call kind, const std::function<void()>& what,
-                      const std::function<void(unsigned n)>& look) {
-        const host::Holdings before = host::CurrentHoldings();
-        for (unsigned n = 1;; ++n) {
-            host::FailCall(kind, n);
-            const unsigned calls = host::CallCount(kind);
-            what();
-            host::FailCall(kind, 0);
-            EXPECT_EQ(host::CurrentHoldings(), before) << n;
-            look(n);
-            if (host::CallCount(kind) - calls < n) {
-                return n - 1;
-            }
-        }
-    }
-
     WideString model_ = TEXT("Mirv KP-41");
     WideString printer_ = TEXT("Badge room");
 };

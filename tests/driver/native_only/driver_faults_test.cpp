@@ -5,10 +5,8 @@
 #include "core/printer_data.h"
 #include "driver_test.h"
 #include "native_only.h"
-#include "platform/host.h"
 
 #include <cstring>
-#include <functional>
 
 namespace test {
 namespace {
@@ -18,29 +16,17 @@ class DriverFaults : public NativeOnly {
     void SetUp() override {
         NativeOnly::SetUp();
         printer_ = NewPrinter(TEXT("Mirv KP-41"));
-        before_ = host::CurrentHoldings();
     }
 
-    /// Runs the operation with its first, second, ... call of a kind failing until it makes fewer.
-    /// Gives how many calls it makes; `failed` is asked after each failure.
-    unsigned FailEach(host::Call kind, const std::function<LONG()>& operation,
-                      const std::function<void(unsigned n, LONG result)>& failed) {
-        for (unsigned n = 1;; ++n) {
-            host::FailCall(kind, n);
-            const unsigned callsBefore = host::CallCount(kind);
-            const LONG result = operation();
-            const unsigned calls = host::CallCount(kind) - callsBefore;
-            host::FailCall(kind, 0);
-            EXPECT_EQ(host::CurrentHoldings(), before_) << "call " << n << " failed";
-            if (calls < n) {
-                return calls;
-            }
-            failed(n, result);
-        }
+    /// As FailEach, of an operation with a result.
+    static unsigned FailEach(host::Call kind, const std::function<LONG()>& operation,
+                             const std::function<void(unsigned n, LONG result)>& failed) {
+        LONG result = 0;
+        return test::FailEach(
+            kind, [&] { result = operation(); }, [&](unsigned n) { failed(n, result); });
     }
 
     HANDLE printer_ = nullptr;
-    host::Holdings before_ = {};
 };
 
 LONG BuildAndRelease(HANDLE printer, DEVMODEW* record) {

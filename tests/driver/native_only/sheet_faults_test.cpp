@@ -1,6 +1,6 @@
 // The sheet while the n-th call of the platform fails: the contract's failure or a sheet that
 // works, and nothing left behind.
-#include "platform/host.h"
+#include "native_only.h"
 #include "sheet_test.h"
 
 namespace test {
@@ -8,55 +8,36 @@ namespace {
 
 class SheetFaults : public SheetTest {
   protected:
-    struct Outcome {
-        unsigned calls = 0;  ///< of that kind in a whole session
+    /// The results of a whole session over three pages, with each call of a kind failing once.
+    std::vector<LONG> FailEach(host::Call kind) {
         std::vector<LONG> results;
-    };
-
-    /// A whole session over three pages, with each call of a kind failing once.
-    Outcome FailEach(host::Call kind) {
-        Outcome outcome;
-        RunSheet(TEXT("Mirv KP-41"), {});
-        const host::Holdings before = host::CurrentHoldings();
-        for (unsigned n = 1;; ++n) {
-            unsigned counted = 0;
-            const LONG result = [&] {
-                const HANDLE printer = NewPrinter(TEXT("Mirv KP-41"));
-                host::FailCall(kind, n);
-                counted = host::CallCount(kind);
-                const LONG answer = RunOn(printer);
-                counted = host::CallCount(kind) - counted;
-                host::FailCall(kind, 0);
-                ClosePrinter(printer);
-                return answer;
-            }();
-            host::Holdings after = host::CurrentHoldings();
-            EXPECT_EQ(after, before) << "call " << n << " failed";
-            if (counted < n) {
-                EXPECT_EQ(result, 1);
-                outcome.calls = counted;
-                return outcome;
-            }
-            outcome.results.push_back(result);
+        LONG result = 0;
+        const HANDLE printer = NewPrinter(TEXT("Mirv KP-41"));
+        const auto session = [&] { result = RunOn(printer); };
+        session();
+        test::FailEach(kind, session, [&](unsigned n) {
+            results.push_back(result);
             EXPECT_TRUE(result == 1 || result == -1 || result == 2) << n << ": " << result;
             EXPECT_EQ(output_.Public.dmSize, result == 1 ? 220 : 0) << n;
-        }
+        });
+        EXPECT_EQ(result, 1) << "without a failure";
+        return results;
     }
 };
 
 TEST_F(SheetFaults, ContextsMemoryAndThePrintersInformation) {
-    const Outcome heap = FailEach(host::Call::kHeap);
-    EXPECT_EQ(heap.results, (std::vector<LONG>{-1, -1, -1, 1}));  // a sheet without printer's name
-    EXPECT_EQ(FailEach(host::Call::kGlobal).results, (std::vector<LONG>{-1, -1, -1, -1}));
-    EXPECT_EQ(FailEach(host::Call::kSpooler).results, (std::vector<LONG>{-1, -1}));
+    EXPECT_EQ(FailEach(host::Call::kHeap),
+              (std::vector<LONG>{-1, -1, -1, 1}));  // a sheet without printer's name
+    EXPECT_EQ(FailEach(host::Call::kGlobal), (std::vector<LONG>{-1, -1, -1, -1}));
+    EXPECT_EQ(FailEach(host::Call::kSpooler), (std::vector<LONG>{-1, -1}));
 }
 
 TEST_F(SheetFaults, LibraryPagesAndWindows) {
-    EXPECT_EQ(FailEach(host::Call::kModule).results.front(), -1);
-    for (LONG result : FailEach(host::Call::kSheet).results) {
+    EXPECT_EQ(FailEach(host::Call::kModule).front(), -1);
+    for (LONG result : FailEach(host::Call::kSheet)) {
         EXPECT_EQ(result, -1);
     }
-    EXPECT_EQ(FailEach(host::Call::kWindow).results.front(), -1);
+    EXPECT_EQ(FailEach(host::Call::kWindow).front(), -1);
     FailEach(host::Call::kResource);
     FailEach(host::Call::kDrawing);
     FailEach(host::Call::kProfile);

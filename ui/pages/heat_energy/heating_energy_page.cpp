@@ -175,11 +175,10 @@ constexpr auto kTips = [] {
     std::ranges::transform(kRows, tips.begin(), [](const HeatRow& row) {
         return Tip{row.Bar.Slider, row.What.Tip};
     });
-    Tip* buttons = tips.data() + std::size(kRows);
-    buttons[0] = {IDC_HEATING_DEFAULT,
-                  TEXT("Sets the values of every tab to 0. They are kept when the settings are "
-                       "accepted.")};
-    buttons[1] = {IDC_HEATING_DESCRIPTION, TEXT("Opens the manual of this page, a PDF file.")};
+    tips[std::size(kRows)] = {IDC_HEATING_DEFAULT,
+                              TEXT("Sets the values of every tab to 0. They are kept when the "
+                                   "settings are accepted.")};
+    tips.back() = {IDC_HEATING_DESCRIPTION, TEXT("Opens the manual of this page, a PDF file.")};
     return tips;
 }();
 

@@ -136,10 +136,10 @@ void ShowModelsControls(HWND dialog, const DriverContext& context) {
     }
 }
 
-// What is not plain from its text: the motors, and what each button takes over, and when.
 constexpr const WCHAR* kMotorTip =
     TEXT("The speed of a motor; 0 is the factory's. Change it only when service asks for it.");
 
+// What each button takes over, and when.
 constexpr Tip kTips[] = {
     {IDC_MOTOR_1, kMotorTip},
     {IDC_MOTOR_2, kMotorTip},
